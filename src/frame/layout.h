@@ -1,0 +1,10 @@
+// The arithmetic that places the three panes and the log in the frame.
+#pragma once
+
+// Classic assignment of a division result to a whole number: half to even.
+int VbRound(double value);
+
+void LayoutLocalPane();
+void LayoutServerPane();
+void LayoutArrowBar();
+void LayoutTransferHistory();

@@ -1,0 +1,51 @@
+// Global state of the program and the procedures every subsystem shares.
+#pragma once
+
+#include "platform/wintypes.h"
+
+#include <QString>
+#include <optional>
+
+// Connection handles. hConnection is the one every server operation uses;
+// non-zero means connected.
+extern HINTERNET hConnection;
+extern HINTERNET hInternetReconnect;
+extern uint32_t lConnectFlags;
+extern uint32_t lTransferMode;  // 1 ASCII, 2 binary
+extern QString sLanguageTable;  // chosen language's table, trimmed
+
+// The folder the program runs from (the executable's), without trailing
+// separator, in Windows form ("c:\opt\ferrydock").
+QString AppPath();
+// Same folder as a POSIX path, for Qt file access.
+QString AppPathPosix();
+
+// Log writing: caret to the end; one line in a colour.
+void MoveLogCaretToEnd();
+void AppendLogLine(uint32_t lColour, const QString& sText);
+
+constexpr uint32_t RGB(int r, int g, int b) {
+    return uint32_t(r) | (uint32_t(g) << 8) | (uint32_t(b) << 16);
+}
+constexpr uint32_t kBlack = RGB(0, 0, 0);
+constexpr uint32_t kGreen = RGB(0, 200, 0);
+constexpr uint32_t kRed = RGB(200, 0, 0);
+constexpr uint32_t kBlue = RGB(0, 0, 200);
+inline const QString vbCrLf = QStringLiteral("\r\n");
+
+// The server's place: the only record of where the connection stands.
+QString GetServerDirectory();
+bool SetServerDirectory(const QString& sPath);
+
+// A port text as the classic 16-bit integer conversion reads it: nothing
+// for letters, empty text or values outside -32768..32767.
+std::optional<int16_t> PortToInteger(const QString& sPort);
+
+// One turn of the event loop.
+void DoEvents();
+
+// Screen.MousePointer: 11 hourglass, 0 default.
+void SetMousePointer(int value);
+int MousePointer();
+
+QString GetUserNameText();

@@ -1,0 +1,129 @@
+#include "language/frmStart.h"
+
+#include "frame/mPublic.h"
+#include "frame/mdiMain.h"
+#include "language/mDataBase.h"
+#include "language/rtf_reader.h"
+#include "platform/seams.h"
+#include "platform/shell.h"
+
+#include <QHBoxLayout>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+controls::FormSlot<FrmStart> frmStart;
+
+namespace {
+QLabel* InfoLabel(const QString& text, QWidget* parent, int pointSize) {
+    auto* l = new QLabel(text, parent);
+    QFont f("Arial");
+    f.setPointSize(pointSize);
+    l->setFont(f);
+    return l;
+}
+}  // namespace
+
+FrmStart::FrmStart() {
+    setObjectName("frmStart");
+    // Written in all languages at once: none has been chosen yet.
+    setWindowTitle(QStringLiteral("Bitte wählen Sie Ihre Sprache"));
+    shell::EnsureIconTheme();
+    setWindowIcon(shell::BundledIcon("app"));
+
+    auto* outer = new QHBoxLayout(this);
+    picLinks = new QLabel(this);
+    picLinks->setPixmap(shell::BundledIcon("start-banner").pixmap(160, 300));
+    outer->addWidget(picLinks);
+
+    auto* right = new QVBoxLayout;
+    outer->addLayout(right, 1);
+    tabStart = new QTabBar(this);
+    tabStart->addTab(QStringLiteral("Sprache/Language/Langue/Idioma"));
+    tabStart->addTab(QStringLiteral("Lizenzvereinbarungen/Licence Agreement"));
+    tabStart->addTab(QStringLiteral("Info ..."));
+    right->addWidget(tabStart);
+
+    auto* pages = new QStackedLayout;
+    right->addLayout(pages, 1);
+
+    picSprache = new QWidget(this);
+    auto* p1 = new QVBoxLayout(picSprache);
+    Label1 = new QLabel(QStringLiteral("Bitte wählen Sie Ihre Sprache:"), picSprache);
+    Label2 = new QLabel(QStringLiteral("Please select Your language:"), picSprache);
+    Label3 = new QLabel(QStringLiteral("Choisir votre langue, s'il vous plaît:"), picSprache);
+    Label4 = new QLabel(QStringLiteral("Por savor escoja su idioma:"), picSprache);
+    for (QLabel* l : {Label1, Label2, Label3, Label4}) p1->addWidget(l);
+    cboSprache = new controls::ComboBox(picSprache);
+    p1->addWidget(cboSprache);
+    p1->addStretch(1);
+    pages->addWidget(picSprache);
+
+    picLizenzvereinbarungen = new QWidget(this);
+    auto* p2 = new QVBoxLayout(picLizenzvereinbarungen);
+    rtfLizenzvereinbarungen = new QTextEdit(picLizenzvereinbarungen);
+    rtfLizenzvereinbarungen->setReadOnly(true);
+    p2->addWidget(rtfLizenzvereinbarungen);
+    pages->addWidget(picLizenzvereinbarungen);
+
+    picInfo = new QWidget(this);
+    auto* p3 = new QVBoxLayout(picInfo);
+    Label5 = InfoLabel(QStringLiteral("Ferrydock"), picInfo, 20);
+    Label7 = InfoLabel(QStringLiteral("Release 1 Version 3"), picInfo, 10);
+    Label6 = InfoLabel(QStringLiteral("Copyright © 2026 Brackhaven Laboratories"), picInfo, 9);
+    Label8 = InfoLabel(QStringLiteral("All Rights Reserved."), picInfo, 9);
+    Label9 = InfoLabel(QStringLiteral("https://ferrydock.brackhaven.example"), picInfo, 9);
+    for (QLabel* l : {Label5, Label7, Label6, Label8, Label9}) p3->addWidget(l);
+    p3->addStretch(1);
+    pages->addWidget(picInfo);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    cmdOk = new QPushButton(QStringLiteral("Ok"), this);
+    cmdOk->setDefault(true);
+    cmdAbbrechen = new QPushButton(QStringLiteral("Abbrechen"), this);
+    buttons->addWidget(cmdOk);
+    buttons->addWidget(cmdAbbrechen);
+    right->addLayout(buttons);
+
+    connect(tabStart, &QTabBar::currentChanged, this, [this](int) { tabStart_Click(); });
+    connect(cmdOk, &QPushButton::clicked, this, [this] { cmdOk_Click(); });
+    connect(cmdAbbrechen, &QPushButton::clicked, this, [this] { cmdAbbrechen_Click(); });
+    resize(620, 360);
+}
+
+void FrmStart::Form_Load() {
+    OpenLanguageDatabase(AppPathPosix() + "/lang.db");
+    cboSprache->Clear();
+    for (const LanguageRow& row : ReadLanguages(30)) cboSprache->AddItem(row.displayName);
+    // Fewer than three languages: the assignment fails and nothing is chosen.
+    cboSprache->SetListIndex(2);
+    LoadRtfFile(AppPathPosix() + "/Dateien/la.rtf", rtfLizenzvereinbarungen);
+}
+
+void FrmStart::tabStart_Click() {
+    const int tab = tabStart->currentIndex();
+    picSprache->setVisible(tab == 0);
+    picLizenzvereinbarungen->setVisible(tab == 1);
+    picInfo->setVisible(tab == 2);
+}
+
+void FrmStart::cmdOk_Click() {
+    hide();
+    // Up to 20 rows, fewer than the 30 the list may show: a language beyond
+    // the twentieth can be listed but not chosen.
+    const std::vector<LanguageRow> rows = ReadLanguages(20);
+    const QString chosen = cboSprache->List(cboSprache->ListIndex());
+    for (const LanguageRow& row : rows) {
+        if (row.displayName == chosen) {
+            sLanguageTable = row.tableName.trimmed();
+            break;
+        }
+    }
+    mdiMain().show();
+    frmStart.Unload();
+}
+
+void FrmStart::cmdAbbrechen_Click() {
+    frmStart.Unload();
+    EndProgram();
+}

@@ -1,0 +1,24 @@
+// The message catalogue: every text the user reads, by key, from lang.db.
+#pragma once
+
+#include <QString>
+#include <vector>
+
+// Opens cnnLanguage read-only on `path` (lang.db in the program folder).
+// A missing or unreadable file is not reported; lookups then give "########".
+void OpenLanguageDatabase(const QString& path);
+void CloseLanguageDatabase();
+
+struct LanguageRow {
+    QString tableName;    // column 1 of `languages`, as stored (untrimmed)
+    QString displayName;  // column 2
+};
+// "SELECT * FROM languages;" in table order, at most maxRecords rows;
+// empty when the database is not open.
+std::vector<LanguageRow> ReadLanguages(int maxRecords);
+
+// The text of sKey in the table named by sLanguageTable; "########" for a
+// missing key, an empty text or any failure.
+QString GetLanguageText(const QString& sKey);
+
+inline const QString kMissingText = QStringLiteral("########");

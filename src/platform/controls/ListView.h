@@ -1,0 +1,87 @@
+// A list of rows with sub-items in four views (0 large icons, 1 small
+// icons, 2 list, 3 report), 1-based like the classic control.
+//
+// Rows name their pictures by key; adding a row whose key the bound image
+// list doesn't hold fails and adds nothing. The first row added to an empty
+// list becomes the selected item.
+#pragma once
+
+#include <QHash>
+#include "platform/controls/ImageList.h"
+
+#include <QPointer>
+#include <QStackedWidget>
+#include <functional>
+
+class QStandardItemModel;
+class QListView;
+class QTreeView;
+class QAbstractItemView;
+
+namespace controls {
+
+
+
+class ListView : public QStackedWidget {
+    Q_OBJECT
+public:
+    explicit ListView(QWidget* parent = nullptr);
+
+    void ColumnHeadersClear();
+    // Alignment 0 left, 1 right.
+    void ColumnHeadersAdd(const QString& text, int widthTwips, int alignment);
+    int ColumnCount() const;
+    QString ColumnHeader(int index) const;  // 1-based
+
+    void SetIcons(ImageList* large);
+    void SetSmallIcons(ImageList* small);
+    ImageList* Icons() const { return large_; }
+    ImageList* SmallIcons() const { return small_; }
+
+    // Index of the new row, 0 when it could not be added.
+    int Add(const QString& text, const QString& largeKey = QString(), const QString& smallKey = QString());
+    void Clear();
+    int Count() const;
+    QString Text(int index) const;
+    QString IconKey(int index) const;
+    // Sub-items 1..4; "" out of range. Setting out of range fails.
+    QString SubItem(int index, int sub) const;
+    bool SetSubItem(int index, int sub, const QString& text);
+    bool Selected(int index) const;
+    void SetSelected(int index, bool selected);
+    // SelectedItem: the current row, 0 when the list is empty.
+    int SelectedIndex() const;
+    void Refresh();
+    int RefreshCount() const { return refreshes_; }
+
+    int View() const { return view_; }
+    void SetView(int view);
+
+    // Simulated user actions for tests and the keyboard.
+    void DoubleClickRow(int index);
+
+    std::function<void()> onDblClick;
+    std::function<void(int& keyCode, int shift)> onKeyDown;
+    std::function<void(int button, int shift, int x, int y)> onMouseDown;
+    std::function<void(int button, int shift, int x, int y)> onMouseUp;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QIcon iconFor(const QString& largeKey, const QString& smallKey);
+    void watch(QAbstractItemView* view);
+
+    QStandardItemModel* model_;
+    QListView* iconView_;
+    QTreeView* reportView_;
+    QPointer<ImageList> large_;
+    QPointer<ImageList> small_;
+    QHash<QString, QIcon> iconCache_;
+    int view_ = 0;
+    int headers_ = 0;
+    int alignments_[5] = {0, 0, 0, 0, 0};
+    int refreshes_ = 0;
+};
+
+}  // namespace controls

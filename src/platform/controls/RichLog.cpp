@@ -1,0 +1,97 @@
+#include "platform/controls/RichLog.h"
+
+#include <QMouseEvent>
+#include <QTextBlock>
+#include <QTextCursor>
+
+namespace controls {
+
+namespace {
+QColor ToQColor(uint32_t rgb) {
+    return QColor(int(rgb & 0xFF), int((rgb >> 8) & 0xFF), int((rgb >> 16) & 0xFF));
+}
+uint32_t FromQColor(const QColor& c) {
+    return uint32_t(c.red()) | (uint32_t(c.green()) << 8) | (uint32_t(c.blue()) << 16);
+}
+int ButtonCode(Qt::MouseButton b) {
+    switch (b) {
+    case Qt::LeftButton: return 1;
+    case Qt::RightButton: return 2;
+    case Qt::MiddleButton: return 4;
+    default: return 0;
+    }
+}
+}  // namespace
+
+RichLog::RichLog(QWidget* parent) : QTextEdit(parent) {
+    setAcceptRichText(false);
+    setUndoRedoEnabled(false);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+QString RichLog::Text() const {
+    return toPlainText();
+}
+
+void RichLog::SetText(const QString& text) {
+    // New text starts over in the default format with the caret in front.
+    setPlainText(QString(text).replace("\r\n", "\n"));
+    QTextCursor c = textCursor();
+    c.movePosition(QTextCursor::Start);
+    setTextCursor(c);
+}
+
+int RichLog::SelStart() const {
+    return textCursor().selectionStart();
+}
+
+void RichLog::SetSelStart(int pos) {
+    QTextCursor c = textCursor();
+    const int end = document()->characterCount() - 1;
+    c.setPosition(qBound(0, pos, end));
+    setTextCursor(c);
+}
+
+int RichLog::SelLength() const {
+    const QTextCursor c = textCursor();
+    return c.selectionEnd() - c.selectionStart();
+}
+
+uint32_t RichLog::SelColor() const {
+    const QBrush b = currentCharFormat().foreground();
+    return b.style() == Qt::NoBrush ? 0 : FromQColor(b.color());
+}
+
+void RichLog::SetSelColor(uint32_t rgb) {
+    QTextCharFormat f;
+    f.setForeground(ToQColor(rgb));
+    mergeCurrentCharFormat(f);
+}
+
+void RichLog::SetSelText(const QString& text) {
+    QTextCursor c = textCursor();
+    c.insertText(QString(text).replace("\r\n", "\n").replace('\r', '\n'));
+    setTextCursor(c);
+    ensureCursorVisible();
+}
+
+uint32_t RichLog::ColorAt(int pos) const {
+    if (pos < 0 || pos >= document()->characterCount() - 1) return 0;
+    QTextCursor c(document());
+    c.setPosition(pos + 1);  // format of the character before the cursor
+    const QBrush b = c.charFormat().foreground();
+    return b.style() == Qt::NoBrush ? 0 : FromQColor(b.color());
+}
+
+void RichLog::mouseReleaseEvent(QMouseEvent* e) {
+    QTextEdit::mouseReleaseEvent(e);
+    if (onMouseUp) {
+        int shift = 0;
+        if (e->modifiers() & Qt::ShiftModifier) shift |= 1;
+        if (e->modifiers() & Qt::ControlModifier) shift |= 2;
+        onMouseUp(ButtonCode(e->button()), shift, int(e->position().x()), int(e->position().y()));
+    }
+}
+
+}  // namespace controls

@@ -1,0 +1,131 @@
+#include "platform/seams.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QProcess>
+
+namespace {
+seams::MsgBoxHandler& msgBoxHandler() {
+    static seams::MsgBoxHandler h;
+    return h;
+}
+seams::InputBoxHandler& inputBoxHandler() {
+    static seams::InputBoxHandler h;
+    return h;
+}
+seams::StartHandler& startHandler() {
+    static seams::StartHandler h;
+    return h;
+}
+
+seams::EndHandler& endHandler() {
+    static seams::EndHandler h;
+    return h;
+}
+
+int ShowRealBox(const seams::MessageBoxCall& call) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setText(call.prompt);
+    // A box without a title shows the program's name, as a desktop does.
+    box.setWindowTitle(call.title.isEmpty() ? QStringLiteral("Ferrydock") : call.title);
+    switch (call.flags & 0x70) {
+    case 16: box.setIcon(QMessageBox::Critical); break;
+    case 48: box.setIcon(QMessageBox::Warning); break;
+    case 64: box.setIcon(QMessageBox::Information); break;
+    case 32: box.setIcon(QMessageBox::Question); break;
+    default: box.setIcon(QMessageBox::NoIcon); break;
+    }
+    if ((call.flags & 0x7) == 4) {
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.setDefaultButton(QMessageBox::Yes);
+        return box.exec() == QMessageBox::Yes ? vbYes : vbNo;
+    }
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
+    return vbOK;
+}
+
+// Splits like a Windows command line: blanks separate, quotes group.
+QStringList SplitParameters(const QString& s) {
+    QStringList out;
+    QString cur;
+    bool quoted = false, any = false;
+    for (QChar c : s) {
+        if (c == '"') {
+            quoted = !quoted;
+            any = true;
+        } else if (c == ' ' && !quoted) {
+            if (any) out << cur;
+            cur.clear();
+            any = false;
+        } else {
+            cur += c;
+            any = true;
+        }
+    }
+    if (any) out << cur;
+    return out;
+}
+}  // namespace
+
+int MsgBox(const QString& prompt, int flags, const QString& title) {
+    const seams::MessageBoxCall call{prompt, flags, title};
+    if (msgBoxHandler()) return msgBoxHandler()(call);
+    return ShowRealBox(call);
+}
+
+QString InputBox(const QString& prompt, const QString& title, const QString& defaultText) {
+    if (inputBoxHandler()) return inputBoxHandler()(prompt, title, defaultText);
+    bool ok = false;
+    const QString answer = QInputDialog::getText(QApplication::activeWindow(),
+                                                 title.isEmpty() ? QStringLiteral("Ferrydock") : title,
+                                                 prompt, QLineEdit::Normal, defaultText, &ok);
+    return ok ? answer : QString();
+}
+
+bool StartProgram(const QString& program, const QString& parameters) {
+    if (startHandler()) return startHandler()(program, parameters);
+    return QProcess::startDetached(program, SplitParameters(parameters));
+}
+
+void EndProgram() {
+    if (endHandler()) return endHandler()();
+    QCoreApplication::exit(0);
+}
+
+void ClipboardClear() {
+    if (QClipboard* cb = QApplication::clipboard()) cb->clear();
+}
+
+void ClipboardSetText(const QString& text, int format) {
+    QClipboard* cb = QApplication::clipboard();
+    if (!cb) return;
+    auto* data = new QMimeData;
+    // The rich-text format number (-16639) carries plain text as it stands.
+    if (format == -16639)
+        data->setData(QStringLiteral("text/rtf"), text.toUtf8());
+    else
+        data->setText(text);
+    cb->setMimeData(data);
+}
+
+namespace seams {
+
+MsgBoxHandler SetMsgBoxHandler(MsgBoxHandler handler) {
+    return std::exchange(msgBoxHandler(), std::move(handler));
+}
+InputBoxHandler SetInputBoxHandler(InputBoxHandler handler) {
+    return std::exchange(inputBoxHandler(), std::move(handler));
+}
+StartHandler SetStartHandler(StartHandler handler) {
+    return std::exchange(startHandler(), std::move(handler));
+}
+
+EndHandler SetEndHandler(EndHandler handler) {
+    return std::exchange(endHandler(), std::move(handler));
+}
+
+}  // namespace seams

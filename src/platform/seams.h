@@ -1,0 +1,47 @@
+// The four places where the program meets the user's desktop outside its
+// own windows: message boxes, input boxes, program starts, the clipboard.
+// Tests replace the handlers to answer boxes and watch what would start.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+// Flags as the logic passes them: 0 plain, 4 Yes/No, 16 critical,
+// 48 exclamation, 64 information. Answers: 1 OK, 6 Yes, 7 No.
+constexpr int vbOK = 1;
+constexpr int vbYes = 6;
+constexpr int vbNo = 7;
+
+int MsgBox(const QString& prompt, int flags = 0, const QString& title = QString());
+// Empty text for Cancel, like the classic input box.
+QString InputBox(const QString& prompt, const QString& title = QString(),
+                 const QString& defaultText = QString());
+// Starts `program` detached with a parameter string split at blanks.
+bool StartProgram(const QString& program, const QString& parameters);
+void ClipboardClear();
+// Ends the process at once (the classic End): the event loop stops.
+void EndProgram();
+void ClipboardSetText(const QString& text, int format);
+
+namespace seams {
+
+struct MessageBoxCall {
+    QString prompt;
+    int flags = 0;
+    QString title;
+};
+
+using MsgBoxHandler = std::function<int(const MessageBoxCall&)>;
+using InputBoxHandler = std::function<QString(const QString& prompt, const QString& title,
+                                              const QString& defaultText)>;
+using StartHandler = std::function<bool(const QString& program, const QString& parameters)>;
+using EndHandler = std::function<void()>;
+
+// Each setter returns the previous handler; an empty handler restores the
+// real desktop behaviour.
+MsgBoxHandler SetMsgBoxHandler(MsgBoxHandler handler);
+InputBoxHandler SetInputBoxHandler(InputBoxHandler handler);
+StartHandler SetStartHandler(StartHandler handler);
+EndHandler SetEndHandler(EndHandler handler);
+
+}  // namespace seams

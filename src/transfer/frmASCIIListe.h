@@ -1,0 +1,4 @@
+// The dialog that keeps the list of ASCII extensions (ascii.dat).
+#pragma once
+
+void ShowAsciiListModal();
