@@ -1,0 +1,100 @@
+#include "support/frame_fixture.h"
+
+#include "frame/mPublic.h"
+#include "frame/mdiMain.h"
+#include "frame/frmUploadDownload.h"
+#include "language/frmStart.h"
+#include "language/frmTransferHistory.h"
+#include "language/mDataBase.h"
+#include "local/frmLocal.h"
+#include "platform/wininet.h"
+#include "server/frmServer.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+void FrameTest::SetUp() {
+    UnloadAll();
+    seams::SetMsgBoxHandler([this](const seams::MessageBoxCall& call) {
+        boxes.push_back(call);
+        int answer = (call.flags & 7) == 4 ? vbNo : vbOK;
+        if (!boxAnswers.empty()) {
+            answer = boxAnswers.front();
+            boxAnswers.pop_front();
+        }
+        return answer;
+    });
+    seams::SetInputBoxHandler([this](const QString& prompt, const QString&, const QString&) {
+        inputPrompts.push_back(prompt);
+        if (inputAnswers.empty()) return QString();
+        QString a = inputAnswers.front();
+        inputAnswers.pop_front();
+        return a;
+    });
+    seams::SetStartHandler([this](const QString& program, const QString& parameters) {
+        started.emplace_back(program, parameters);
+        return true;
+    });
+    seams::SetEndHandler([this] { ++endCalls; });
+    hConnection = 0;
+    hInternetReconnect = 0;
+    lConnectFlags = 0;
+    lTransferMode = 0;
+    OpenLanguageDatabase(QStringLiteral(FERRYDOCK_PROGRAM_DIR) + "/lang.db");
+    sLanguageTable = LanguageTable();
+}
+
+void FrameTest::TearDown() {
+    if (hConnection) InternetCloseHandle(hConnection);
+    UnloadAll();
+    CloseLanguageDatabase();
+    seams::SetMsgBoxHandler({});
+    seams::SetInputBoxHandler({});
+    seams::SetStartHandler({});
+    seams::SetEndHandler({});
+    sLanguageTable.clear();
+    hConnection = 0;
+    SetMousePointer(0);
+}
+
+void FrameTest::StartFrame() {
+    mdiMain().show();
+    Pump();
+}
+
+void FrameTest::UnloadAll() {
+    // Children before the frame, as the frame's own unload does.
+    frmLocal.Unload();
+    frmServer.Unload();
+    frmTransferHistory.Unload();
+    frmUploadDownload.Unload();
+    if (mdiMain.Exists()) {
+        mdiMain().timIsConnected->SetEnabled(false);
+        mdiMain.Unload();
+    }
+    frmStart.Unload();
+    Pump();
+}
+
+void FrameTest::Pump(int turns) {
+    for (int i = 0; i < turns; ++i) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+QString FrameTest::LogText() const {
+    return frmTransferHistory().rtfTransferHistory->Text();
+}
+
+std::vector<FrameTest::LogLine> FrameTest::LogLines() const {
+    std::vector<LogLine> out;
+    const auto& log = *frmTransferHistory().rtfTransferHistory;
+    const QString text = log.Text();
+    int start = 0;
+    for (const QString& line : text.split('\n')) {
+        if (!line.isEmpty()) out.push_back({line, log.ColorAt(start)});
+        start += int(line.size()) + 1;
+    }
+    return out;
+}

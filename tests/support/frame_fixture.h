@@ -1,0 +1,43 @@
+// Drives the real forms offscreen as a user would: the catalogue opened in
+// English, message and input boxes answered from a queue, the program's end
+// recorded instead of carried out. Every test starts from no forms and no
+// connection.
+#pragma once
+
+#include "platform/seams.h"
+
+#include <QString>
+#include <deque>
+#include <gtest/gtest.h>
+#include <vector>
+
+class FrameTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // The language table; "english" unless a test chooses otherwise first.
+    virtual QString LanguageTable() const { return QStringLiteral("english"); }
+
+    // Creates the frame (its load runs the whole start order).
+    void StartFrame();
+    // Unloads whatever forms exist and flushes their deletion.
+    static void UnloadAll();
+    // Lets queued events run (several turns, deferred deletes included).
+    static void Pump(int turns = 3);
+
+    QString LogText() const;
+    // Plain text of each log line with the colour of its first character.
+    struct LogLine {
+        QString text;
+        uint32_t colour;
+    };
+    std::vector<LogLine> LogLines() const;
+
+    std::vector<seams::MessageBoxCall> boxes;  // every box shown, in order
+    std::deque<int> boxAnswers;                // answers; vbOK / vbNo when empty
+    std::deque<QString> inputAnswers;          // input boxes; "" when empty
+    std::vector<QString> inputPrompts;
+    std::vector<std::pair<QString, QString>> started;  // program, parameters
+    int endCalls = 0;
+};
