@@ -5,6 +5,8 @@
 #include "language/frmTransferHistory.h"
 #include "local/frmLocal.h"
 #include "server/frmServer.h"
+#include "frame/mPublic.h"
+#include "platform/controls/Form.h"
 
 #include <cmath>
 
@@ -38,4 +40,13 @@ void LayoutArrowBar() {
 void LayoutTransferHistory() {
     frmTransferHistory().SetTop(mdiMain().ScaleHeight() - frmTransferHistory().Height() - 10);
     frmTransferHistory().SetWidth(mdiMain().Width());
+}
+
+void MdiMain::MDIForm_Resize() {
+    controls::PlaceTwips(fraTop, 45, 15, Width() - 130, 585);
+    LayoutLocalPane();
+    LayoutArrowBar();
+    LayoutServerPane();
+    LayoutTransferHistory();
+    DoEvents();
 }

@@ -30,6 +30,9 @@ MdiMain::MdiMain() {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    // The frame may be made smaller than its contents; the panes then keep
+    // their last layout.
+    layout->setSizeConstraint(QLayout::SetNoConstraint);
 
     BuildMenus();
     layout->setMenuBar(menuBar);

@@ -1,5 +1,7 @@
 #include "platform/controls/RichLog.h"
 
+#include "platform/controls/twips.h"
+
 #include <QMouseEvent>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -90,7 +92,7 @@ void RichLog::mouseReleaseEvent(QMouseEvent* e) {
         int shift = 0;
         if (e->modifiers() & Qt::ShiftModifier) shift |= 1;
         if (e->modifiers() & Qt::ControlModifier) shift |= 2;
-        onMouseUp(ButtonCode(e->button()), shift, int(e->position().x()), int(e->position().y()));
+        onMouseUp(ButtonCode(e->button()), shift, ToTwips(int(e->position().x())), ToTwips(int(e->position().y())));
     }
 }
 

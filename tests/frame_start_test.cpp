@@ -1,0 +1,197 @@
+// Start-up, captions, the connection bar's checks and the ways out.
+#include "support/frame_fixture.h"
+
+#include "frame/mPublic.h"
+#include "frame/mdiMain.h"
+#include "language/frmStart.h"
+#include "language/frmTransferHistory.h"
+#include "language/mDataBase.h"
+#include "server/frmServer.h"
+
+#include <QApplication>
+#include <QTimer>
+
+namespace {
+
+class FrameStart : public FrameTest {};
+
+TEST_F(FrameStart, WelcomeTextIsTheFirstAndOnlyContentInBlack) {
+    StartFrame();
+    const auto lines = LogLines();
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0].text, GetLanguageText("WELCOME1"));
+    EXPECT_TRUE(lines[1].text.startsWith(GetLanguageText("WELCOME2") + " "));
+    EXPECT_TRUE(lines[1].text.endsWith(" " + GetLanguageText("WELCOME4")));
+    EXPECT_TRUE(lines[1].text.contains(" " + GetLanguageText("WELCOME3") + " "));
+    for (const auto& l : lines) EXPECT_EQ(l.colour, kBlack);
+    EXPECT_EQ(mdiMain().windowTitle(), "Ferrydock Release 1 Version 3");
+}
+
+TEST_F(FrameStart, ConnectionBarStartsWithItsDefaults) {
+    StartFrame();
+    auto& f = mdiMain();
+    EXPECT_EQ(f.txtPort->Text(), "21");
+    EXPECT_EQ(f.txtAddress->Text(), "");
+    EXPECT_EQ(f.txtPassword->echoMode(), QLineEdit::Password);
+    EXPECT_EQ(f.chkPassiveTransfer->Value(), 0);
+    ASSERT_EQ(f.cboTransferMode->ListCount(), 3);
+    EXPECT_EQ(f.cboTransferMode->ListIndex(), 2);
+    EXPECT_EQ(f.cboTransferMode->List(2), GetLanguageText("OPT_AUTO"));
+    EXPECT_EQ(lTransferMode, 2u);
+    EXPECT_TRUE(f.mnuVerbindungTransferAUTO->isChecked());
+    EXPECT_FALSE(f.mnuVerbindungTransferASCII->isChecked());
+    EXPECT_TRUE(f.mnuVerbindungTransfertypAus->isChecked());
+    EXPECT_EQ(hConnection, 0u);
+    EXPECT_FALSE(f.timIsConnected->Enabled());
+    EXPECT_EQ(f.timIsConnected->Interval(), 1000);
+}
+
+TEST_F(FrameStart, CaptionsComeFromTheCatalogueExceptTheFiveDesignCaptions) {
+    StartFrame();
+    auto& f = mdiMain();
+    EXPECT_EQ(f.mnuFile->title(), GetLanguageText("Datei"));
+    EXPECT_EQ(f.mnuVerbindung->title(), GetLanguageText("MY_CONNECTION"));
+    EXPECT_EQ(f.mnuMyServerAktualisieren->text(), GetLanguageText("FRMPUSERVER_REFRESH"));
+    EXPECT_EQ(f.lblAdresse->text(), GetLanguageText("LABEL_ADRESS"));
+    EXPECT_EQ(f.fraTop->title(), GetLanguageText("MY_CONNECTION"));
+    EXPECT_EQ(f.chkPassiveTransfer->text(), GetLanguageText("CHK_PASSIVE"));
+    EXPECT_EQ(f.mnuFileExit->text(), "&Exit");
+    EXPECT_EQ(f.mnuVerbindungVerbinden->text(), "&Verbinden");
+    EXPECT_EQ(f.mniInfo->title(), "&?");
+    EXPECT_EQ(f.mnuInfoWebHomepage->text(), "&Homepage");
+    EXPECT_EQ(f.mnuInfoInfo->text(), "&Info");
+    EXPECT_EQ(f.mnuVerbindungVerbinden->shortcut(), QKeySequence(Qt::Key_F4));
+    EXPECT_EQ(f.mnuMyServerLoeschen->shortcut(), QKeySequence(Qt::SHIFT | Qt::Key_Delete));
+
+    ASSERT_EQ(f.tlbConnect->ButtonCount(), 2);
+    EXPECT_EQ(f.tlbConnect->Button(1)->key, "connect");
+    EXPECT_EQ(f.tlbConnect->Button(1)->ToolTipText(), GetLanguageText("BUILD_CONNECTION"));
+    EXPECT_EQ(f.tlbConnect->Button(2)->key, "ascii");
+    EXPECT_EQ(f.tlbConnect->Button(2)->description, GetLanguageText("ASCII_LIST_SHOW"));
+}
+
+class FrameWithoutLanguage : public FrameTest {
+protected:
+    QString LanguageTable() const override { return QString(); }
+};
+
+TEST_F(FrameWithoutLanguage, EveryCatalogueTextReadsAsHashesAndTheFrameStillWorks) {
+    StartFrame();
+    EXPECT_EQ(mdiMain().mnuFile->title(), kMissingText);
+    EXPECT_EQ(mdiMain().lblPort->text(), kMissingText);
+    EXPECT_EQ(LogLines().at(0).text, kMissingText);
+    mdiMain().mnuVerbindungVerbinden_Click();
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0].prompt, kMissingText);
+}
+
+TEST_F(FrameStart, EmptyOrBlankAddressIsRefusedDifferentlyByTheTwoConnects) {
+    StartFrame();
+    auto& f = mdiMain();
+    f.txtAddress->SetText("   ");
+    f.mnuVerbindungVerbinden_Click();
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0].prompt, GetLanguageText("ENTER_ADRESS"));
+    EXPECT_EQ(boxes[0].flags, 16);
+    EXPECT_TRUE(f.txtAddress->isEnabled());
+
+    f.QuickConnect();
+    ASSERT_EQ(boxes.size(), 2u);
+    EXPECT_EQ(boxes[1].prompt, GetLanguageText("ENTER_HOST"));
+    EXPECT_EQ(boxes[1].flags, 64);
+
+    f.txtAddress->SetText("127.0.0.1");
+    f.txtPort->SetText(" ");
+    f.mnuVerbindungVerbinden_Click();
+    ASSERT_EQ(boxes.size(), 3u);
+    EXPECT_EQ(boxes[2].prompt, GetLanguageText("ENTER_PORT"));
+    EXPECT_EQ(boxes[2].flags, 16);
+    // Nothing was touched: the welcome text still stands.
+    EXPECT_EQ(LogLines().at(0).text, GetLanguageText("WELCOME1"));
+}
+
+TEST_F(FrameStart, PassiveBoxWritesBlueLinesAndTheOnLineLandsAtTheCaret) {
+    StartFrame();
+    auto& f = mdiMain();
+    auto& log = *frmTransferHistory().rtfTransferHistory;
+    log.SetSelStart(0);  // as a click at the very start
+    f.chkPassiveTransfer->click();
+    EXPECT_EQ(lConnectFlags, INTERNET_FLAG_PASSIVE);
+    auto lines = LogLines();
+    EXPECT_EQ(lines.front().text, GetLanguageText("PASSIVE_TRANSER_ON"));
+    EXPECT_EQ(lines.front().colour, kBlue);
+
+    f.chkPassiveTransfer->click();
+    EXPECT_EQ(lConnectFlags, 0u);
+    lines = LogLines();
+    EXPECT_EQ(lines.back().text, GetLanguageText("PASSIVE_TRANSER_OFF"));
+    EXPECT_EQ(lines.back().colour, kBlue);
+    EXPECT_EQ(log.SelColor(), kBlack);
+}
+
+TEST(PortToInteger, ReadsPortsAsA16BitSignedInteger) {
+    EXPECT_EQ(PortToInteger("21"), 21);
+    EXPECT_EQ(PortToInteger(" 2121 "), 2121);
+    EXPECT_EQ(PortToInteger("32767"), 32767);
+    EXPECT_EQ(PortToInteger("21.5"), 22);
+    EXPECT_EQ(PortToInteger("22.5"), 22);
+    EXPECT_FALSE(PortToInteger("32768"));
+    EXPECT_FALSE(PortToInteger("65535"));
+    EXPECT_FALSE(PortToInteger("ftp"));
+    EXPECT_FALSE(PortToInteger(""));
+}
+
+TEST_F(FrameStart, ExitByTheMenuEndsTheProgramAndUnloadsTheForms) {
+    StartFrame();
+    mdiMain().mnuFileExit->trigger();
+    Pump();
+    EXPECT_EQ(endCalls, 1);
+    EXPECT_FALSE(mdiMain.Exists());
+    EXPECT_FALSE(frmServer.Exists());
+    // The catalogue is closed with the frame.
+    EXPECT_EQ(GetLanguageText("WELCOME1"), kMissingText);
+}
+
+TEST_F(FrameStart, ClosingTheWindowTakesTheSameWayOut) {
+    StartFrame();
+    mdiMain().close();
+    Pump();
+    EXPECT_EQ(endCalls, 1);
+    EXPECT_FALSE(mdiMain.Exists());
+}
+
+class LanguageDialog : public FrameTest {
+protected:
+    QString LanguageTable() const override { return QString(); }
+};
+
+TEST_F(LanguageDialog, OffersTheFourLanguagesWithTheThirdChosenAndOkOpensTheFrame) {
+    CloseLanguageDatabase();
+    auto& dlg = frmStart();
+    ASSERT_EQ(dlg.cboSprache->ListCount(), 4);
+    EXPECT_EQ(dlg.cboSprache->List(0), "Deutsch");
+    EXPECT_EQ(dlg.cboSprache->ListIndex(), 2);
+    EXPECT_EQ(dlg.cboSprache->Text(), "English");
+    EXPECT_FALSE(dlg.rtfLizenzvereinbarungen->toPlainText().isEmpty());
+    dlg.tabStart->setCurrentIndex(2);
+    EXPECT_TRUE(dlg.picInfo->isVisibleTo(&dlg));
+    EXPECT_FALSE(dlg.picSprache->isVisibleTo(&dlg));
+
+    dlg.cboSprache->SetListIndex(0);
+    dlg.cmdOk->click();
+    Pump();
+    EXPECT_EQ(sLanguageTable, "deutsch");
+    EXPECT_TRUE(mdiMain.Exists());
+    EXPECT_FALSE(frmStart.Exists());
+    EXPECT_EQ(mdiMain().mnuMyComputer->title(), GetLanguageText("FRMLOCAL_MYCOMPUTER"));
+}
+
+TEST_F(LanguageDialog, CancelEndsWithoutAFrame) {
+    CloseLanguageDatabase();
+    frmStart().cmdAbbrechen->click();
+    Pump();
+    EXPECT_EQ(endCalls, 1);
+    EXPECT_FALSE(mdiMain.Exists());
+}
+
+}  // namespace
