@@ -8,3 +8,7 @@ void LayoutLocalPane();
 void LayoutServerPane();
 void LayoutArrowBar();
 void LayoutTransferHistory();
+
+// Top of the local pane's folder tree, in twips: the server list stands
+// level with it.
+int LocalContentTop();
