@@ -19,21 +19,23 @@ QIcon Picture() {
 }
 }  // namespace
 
-TEST(RichLog, ColourSetBeforeACaretMoveIsLostToTheTextBeforeTheCaret) {
+TEST(RichLog, ColourSetBeforeACaretMoveIsLostWhenTheCaretReallyMoves) {
     controls::RichLog log;
     log.SetSelText("black line\r\n");
+    // Caret already at the end: the move changes nothing, the colour stays.
     log.SetSelColor(kGreen);
     log.SetSelStart(int(log.Text().size()));
-    log.SetSelText("after the move\r\n");
-    EXPECT_EQ(log.ColorAt(int(log.Text().indexOf("after"))), 0u);
+    log.SetSelText("green line\r\n");
+    EXPECT_EQ(log.ColorAt(int(log.Text().indexOf("green"))), kGreen);
 
-    // Moving first and colouring after keeps the colour.
-    log.SetSelStart(int(log.Text().size()));
-    log.SetSelColor(kRed);
-    log.SetSelText("red line\r\n");
+    // After a click elsewhere the move takes the format of the text there.
     log.SetSelColor(0);
-    EXPECT_EQ(log.ColorAt(int(log.Text().indexOf("red line"))), kRed);
-    EXPECT_EQ(log.Text(), "black line\nafter the move\nred line\n");
+    log.SetSelStart(2);
+    log.SetSelColor(kRed);
+    log.SetSelStart(int(log.Text().size()));
+    log.SetSelText("after the move\r\n");
+    EXPECT_EQ(log.ColorAt(int(log.Text().indexOf("after"))), kGreen);
+    EXPECT_EQ(log.Text(), "black line\ngreen line\nafter the move\n");
 }
 
 TEST(RichLog, TextWithoutCaretMoveLandsAtTheCaretAndClearingStartsOver) {
