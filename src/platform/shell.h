@@ -32,6 +32,8 @@ namespace shell {
 QStringList TempFolderCandidates();
 // False for a folder that is a link or is owned by someone else.
 bool TempFolderIsSafe(const QString& windowsFolder);
+// Makes the folder with mode 0700; true when it exists and is safe after.
+bool MakeTempFolder(const QString& windowsFolder);
 
 // Installs the icon theme search paths and the fallback theme once; called
 // before the first icon lookup.
