@@ -1,0 +1,145 @@
+#include "support/ftp_server.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QThread>
+
+namespace {
+
+// Below 32768: the program reads ports as 16-bit signed numbers, and the
+// kernel's own ephemeral range lies above that.
+int FreePort() {
+    static quint32 next = 20000 + quint32(QCoreApplication::applicationPid() % 500) * 20;
+    for (int tries = 0; tries < 2000; ++tries) {
+        const quint16 port = quint16(20000 + (next++ % 12000));
+        QTcpServer probe;
+        if (probe.listen(QHostAddress::LocalHost, port)) return port;
+    }
+    return 0;
+}
+
+// A passive port range of its own per server keeps parallel tests apart.
+int PassiveBase(int port) {
+    return 42000 + (port % 200) * 100;
+}
+
+}  // namespace
+
+FtpServer::FtpServer(Kind kind, bool readOnly)
+    : kind_(kind), readOnly_(readOnly), dir_(std::make_unique<QTemporaryDir>()) {
+    QDir().mkpath(dir_->path() + "/root");
+    port_ = FreePort();
+    Start();
+}
+
+FtpServer::~FtpServer() {
+    Stop();
+}
+
+QString FtpServer::root() const {
+    return dir_->path() + "/root";
+}
+
+QString FtpServer::serverRoot() const {
+    return kind_ == Kind::Pyftpdlib ? QStringLiteral("/") : root();
+}
+
+QString FtpServer::user() const {
+    return kind_ == Kind::Pyftpdlib ? QStringLiteral("test") : QStringLiteral("anonymous");
+}
+
+QString FtpServer::password() const {
+    return kind_ == Kind::Pyftpdlib ? QStringLiteral("secret") : QStringLiteral("guest");
+}
+
+bool FtpServer::Start() {
+    if (Running()) return true;
+    process_ = std::make_unique<QProcess>();
+    process_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    if (kind_ == Kind::Pyftpdlib) {
+        process_->start(QStringLiteral("/usr/bin/python3"),
+                        {QStringLiteral(FERRYDOCK_SOURCE_DIR "/tests/support/pyftpdlib_server.py"),
+                         QString::number(port_), root()});
+    } else {
+        const int pasv = PassiveBase(port_);
+        const QString conf = dir_->path() + "/vsftpd.conf";
+        QFile f(conf);
+        f.open(QIODevice::WriteOnly);
+        const QString write = readOnly_ ? "NO" : "YES";
+        f.write(QStringLiteral("listen=YES\nlisten_ipv6=NO\nlisten_address=127.0.0.1\nlisten_port=%1\n"
+                               "background=NO\nrun_as_launching_user=YES\nseccomp_sandbox=NO\n"
+                               "anonymous_enable=YES\nlocal_enable=NO\nanon_root=%2\nno_anon_password=YES\n"
+                               "write_enable=%3\nanon_upload_enable=%3\nanon_mkdir_write_enable=%3\n"
+                               "anon_other_write_enable=%3\nanon_world_readable_only=NO\nanon_umask=022\n"
+                               "connect_from_port_20=NO\npasv_enable=YES\npasv_address=127.0.0.1\n"
+                               "pasv_min_port=%4\npasv_max_port=%5\nxferlog_enable=NO\nutf8_filesystem=YES\n"
+                               "ascii_upload_enable=YES\nascii_download_enable=YES\n")
+                    .arg(port_)
+                    .arg(root(), write)
+                    .arg(pasv)
+                    .arg(pasv + 99)
+                    .toUtf8());
+        f.close();
+        process_->start(QStringLiteral("/usr/sbin/vsftpd"), {conf});
+    }
+    if (!process_->waitForStarted(5000)) return false;
+    return WaitReady();
+}
+
+void FtpServer::Stop() {
+    if (!process_) return;
+    if (process_->state() != QProcess::NotRunning) {
+        process_->terminate();
+        if (!process_->waitForFinished(3000)) {
+            process_->kill();
+            process_->waitForFinished(3000);
+        }
+    }
+    process_.reset();
+    // vsftpd's session processes outlive the listener: end them too.
+    if (kind_ == Kind::Vsftpd)
+        QProcess::execute(QStringLiteral("pkill"), {QStringLiteral("-f"), dir_->path() + "/vsftpd.conf"});
+}
+
+bool FtpServer::Running() const {
+    return process_ && process_->state() == QProcess::Running;
+}
+
+bool FtpServer::WaitReady() const {
+    QElapsedTimer t;
+    t.start();
+    while (t.elapsed() < 10000) {
+        QTcpSocket s;
+        s.connectToHost(QHostAddress::LocalHost, quint16(port_));
+        if (s.waitForConnected(200) && s.waitForReadyRead(2000) && s.readAll().startsWith("220")) {
+            s.write("QUIT\r\n");
+            s.waitForBytesWritten(200);
+            return true;
+        }
+        QThread::msleep(50);
+    }
+    return false;
+}
+
+void FtpServer::WriteFile(const QString& relative, const QByteArray& content) const {
+    const QString path = root() + "/" + relative;
+    QDir().mkpath(QFileInfo(path).path());
+    QFile f(path);
+    if (f.open(QIODevice::WriteOnly)) f.write(content);
+}
+
+QByteArray FtpServer::ReadFile(const QString& relative) const {
+    QFile f(root() + "/" + relative);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+void FtpServer::MakeFolder(const QString& relative) const {
+    QDir().mkpath(root() + "/" + relative);
+}

@@ -1,0 +1,53 @@
+// A real FTP server on 127.0.0.1 for one test: pyftpdlib or vsftpd over a
+// temporary root, started by the constructor and stopped by the destructor.
+//
+// pyftpdlib: users "test"/"secret" (everything), "reader"/"secret" (list and
+// read only). vsftpd: anonymous login with uploads; it runs unprivileged, so
+// its "/" is the machine's root and a session starts in root(); `readOnly`
+// refuses every write.
+#pragma once
+
+#include <QString>
+#include <memory>
+
+class QProcess;
+class QTemporaryDir;
+
+class FtpServer {
+public:
+    enum class Kind { Pyftpdlib, Vsftpd };
+    // readOnly (vsftpd only): every write is refused.
+    explicit FtpServer(Kind kind, bool readOnly = false);
+    FtpServer(const FtpServer&) = delete;
+    FtpServer& operator=(const FtpServer&) = delete;
+    ~FtpServer();
+
+    // Stops the server (its sessions die with it) and starts it again on
+    // the same port over the same root.
+    void Stop();
+    bool Start();
+    bool Running() const;
+
+    Kind kind() const { return kind_; }
+    int port() const { return port_; }
+    QString portText() const { return QString::number(port_); }
+    // POSIX path of the server's root folder.
+    QString root() const;
+    // Path a session uses to reach the root ("/" on pyftpdlib).
+    QString serverRoot() const;
+    QString user() const;
+    QString password() const;
+
+    // Writes a file below the root (folders made as needed).
+    void WriteFile(const QString& relative, const QByteArray& content) const;
+    QByteArray ReadFile(const QString& relative) const;
+    void MakeFolder(const QString& relative) const;
+
+private:
+    bool WaitReady() const;
+    Kind kind_;
+    bool readOnly_ = false;
+    int port_ = 0;
+    std::unique_ptr<QTemporaryDir> dir_;
+    std::unique_ptr<QProcess> process_;
+};
