@@ -14,6 +14,8 @@
 
 namespace {
 
+using Stamp = decltype(stat::st_mtim);
+
 std::vector<WIN32_FIND_DATA> ListAll(const QString& pathAndPattern) {
     std::vector<WIN32_FIND_DATA> out;
     WIN32_FIND_DATA fd;
@@ -243,7 +245,7 @@ TEST_F(LocalFs, SizesSplitIntoHighAndLowWords) {
 
 TEST_F(LocalFs, WriteTimeIsTheModificationTimeInUtc) {
     Write("dated");
-    const struct timespec times[2] = {{0, UTIME_OMIT}, {1614834367, 250'000'000}};  // 2021-03-04 05:06:07.25 UTC
+    const Stamp times[2] = {{0, UTIME_OMIT}, {1614834367, 250'000'000}};  // 2021-03-04 05:06:07.25 UTC
     ASSERT_EQ(utimensat(AT_FDCWD, QFile::encodeName(P("dated")).constData(), times, 0), 0);
 
     SYSTEMTIME st;
@@ -294,7 +296,7 @@ TEST(LocalFsDrives, MountTableGivesMediaVolumesInMountPointOrder) {
 TEST_F(LocalFs, CopyMoveAndDelete) {
     Write("src.txt", "source");
     Write("taken.txt", "old");
-    const struct timespec times[2] = {{0, UTIME_OMIT}, {1000000000, 0}};
+    const Stamp times[2] = {{0, UTIME_OMIT}, {1000000000, 0}};
     utimensat(AT_FDCWD, QFile::encodeName(P("src.txt")).constData(), times, 0);
 
     // Failing if the target exists leaves it alone, whatever its case.

@@ -293,7 +293,9 @@ Resolved Resolve(const QString& windowsPath) {
 
 // ---- Listings ---------------------------------------------------------------
 
-FILETIME FileTimeOf(const struct timespec& t) {
+using Stamp = decltype(stat::st_mtim);
+
+FILETIME FileTimeOf(const Stamp& t) {
     FILETIME ft = FileTimeFromUnix(int64_t(t.tv_sec));
     uint64_t ticks = (uint64_t(ft.dwHighDateTime) << 32) | ft.dwLowDateTime;
     if (ticks == 0) return ft;  // before 1601: left at the start of the epoch
@@ -543,7 +545,7 @@ bool CopyFileImpl(const QString& existingFile, const QString& newFile, bool fail
     }
     bool ok = CopyContents(in, out);
     ok = ok && fchmod(out, source.st_mode & 0777) == 0;
-    const struct timespec times[2] = {source.st_atim, source.st_mtim};
+    const Stamp times[2] = {source.st_atim, source.st_mtim};
     ok = ok && futimens(out, times) == 0;
     ok = close(out) == 0 && ok;
     close(in);
