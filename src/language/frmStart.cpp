@@ -88,7 +88,8 @@ FrmStart::FrmStart() {
     connect(tabStart, &QTabBar::currentChanged, this, [this](int) { tabStart_Click(); });
     connect(cmdOk, &QPushButton::clicked, this, [this] { cmdOk_Click(); });
     connect(cmdAbbrechen, &QPushButton::clicked, this, [this] { cmdAbbrechen_Click(); });
-    resize(620, 360);
+    resize(720, 380);
+    tabStart->setExpanding(false);
 }
 
 void FrmStart::Form_Load() {
