@@ -1,11 +1,14 @@
-// The right pane: the server's current folder.
+// The right pane: the server's current folder, its path combo, its
+// command and view toolbars.
 #pragma once
 
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/FormSlot.h"
+#include "platform/controls/ImageList.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/Toolbar.h"
+#include "platform/wintypes.h"
 
 #include <QGroupBox>
 
@@ -21,6 +24,21 @@ public:
     controls::ListView* lsvServer = nullptr;
     controls::Toolbar* tlbServerLinks = nullptr;
     controls::Toolbar* tlbServerRechts = nullptr;
+    controls::ImageList* imgServerFile = nullptr;
+    controls::ImageList* imgListView = nullptr;
+
+    // The form's own copy of the refresh, and the one that leaves the combo
+    // alone.
+    void RefreshServer(HINTERNET& hConnection);
+    void RefreshServerList(HINTERNET& hConnection);
+
+    void cboServer_Click();
+    void lsvServer_DblClick();
+    void lsvServer_KeyDown(int& keyCode, int shift);
+    void tlbServerLinks_ButtonClick(const QString& key);
+    void tlbServerRechts_ButtonClick(const QString& key);
+
+    bool bFound = false;
 
 protected:
     void Form_Resize() override;
