@@ -42,6 +42,13 @@ public:
         return s;
     }
 
+    // Says goodbye without waiting long for the answer: closing a handle
+    // must not hang on a server that has stopped listening.
+    void QuickClose() {
+        if (_pControlSocket) _pControlSocket->setReceiveTimeout(Poco::Timespan(0, 300000));
+        close();
+    }
+
     // The final reply of a transfer; true for 2xx.
     bool FinishTransfer() {
         std::string response;
@@ -206,7 +213,7 @@ bool InternetCloseHandle(HINTERNET handle) {
             for (auto& [h, o] : Table())
                 if (auto* s = std::get_if<std::unique_ptr<Stream>>(&o); s && (*s)->owner == conn) (*s)->owner = nullptr;
             try {
-                conn->control->close();
+                conn->control->QuickClose();
             } catch (...) {
             }
         } else if (auto* s = std::get_if<std::unique_ptr<Stream>>(&it->second)) {
