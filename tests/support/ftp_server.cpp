@@ -80,7 +80,7 @@ bool FtpServer::Start() {
                                "anon_other_write_enable=%3\nanon_world_readable_only=NO\nanon_umask=022\n"
                                "connect_from_port_20=NO\npasv_enable=YES\npasv_address=127.0.0.1\n"
                                "pasv_min_port=%4\npasv_max_port=%5\nxferlog_enable=NO\nutf8_filesystem=YES\n"
-                               "ascii_upload_enable=YES\nascii_download_enable=YES\n")
+                               "ascii_download_enable=YES\n")
                     .arg(port_)
                     .arg(root(), write)
                     .arg(pasv)
