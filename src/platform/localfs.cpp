@@ -1,5 +1,7 @@
 #include "platform/localfs.h"
 
+#include <QElapsedTimer>
+
 #include <QFile>
 #include <algorithm>
 #include <cerrno>
@@ -118,13 +120,19 @@ std::vector<QByteArray> ExtraRootsFrom(const QByteArray& table) {
     return roots;
 }
 
-// Index 0 is c: ("/"). Read afresh each time: volumes come and go, and the
-// table is small.
-std::vector<QByteArray> DriveRoots() {
+// Index 0 is c: ("/"). Volumes come and go: the drive list reads the table
+// afresh, path translation reuses a reading for up to a second, since a
+// directory read translates thousands of paths.
+std::vector<QByteArray> DriveRoots(bool fresh = false) {
+    static std::vector<QByteArray> cached;
+    static QElapsedTimer age;
+    if (!fresh && age.isValid() && age.elapsed() < 1000) return cached;
     std::vector<QByteArray> roots{QByteArray("/")};
     QByteArray table;
     if (ReadSmallFile("/proc/self/mounts", table))
         for (QByteArray& r : ExtraRootsFrom(table)) roots.push_back(std::move(r));
+    cached = roots;
+    age.start();
     return roots;
 }
 
@@ -659,7 +667,7 @@ QString ToWindows(const QString& posixPath) {
 QStringList DriveList() {
     return Guarded(QStringList{QStringLiteral("c: [/]")}, [] {
         QStringList out;
-        const std::vector<QByteArray> roots = DriveRoots();
+        const std::vector<QByteArray> roots = DriveRoots(true);
         for (size_t i = 0; i < roots.size(); ++i)
             out << QLatin1Char(char('c' + i)) + QStringLiteral(": [") + QFile::decodeName(roots[i]) +
                        QLatin1Char(']');

@@ -8,6 +8,7 @@
 #include "server/frmServer.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
 int gTypeLookups = 0;
@@ -24,28 +25,51 @@ int ShellTypeLookups() {
     return gTypeLookups;
 }
 
+namespace {
+// The folder that took the last dummy file, in both forms: a directory read
+// makes two dummies per new extension, and finding the folder afresh each
+// time would cost more than the shell's answer.
+struct TempFolder {
+    QString windows;
+    QString posix;
+};
+TempFolder gTempFolder;
+
+bool TryCreate(const TempFolder& folder, const QString& sFileName) {
+    QFile f(folder.posix + "/" + sFileName);
+    if (!f.open(QIODevice::ReadWrite)) return false;  // creates, keeps an existing file
+    f.close();
+    return true;
+}
+}  // namespace
+
 QString CreateDummyFile(const QString& sFileName) {
+    if (sFileName.isEmpty() || sFileName == "." || sFileName == ".." || ftp::IsUnsafeName(sFileName))
+        return QString();
+    if (!gTempFolder.posix.isEmpty() && QFileInfo(gTempFolder.posix).isDir() &&
+        TryCreate(gTempFolder, sFileName))
+        return gTempFolder.windows + "\\" + sFileName;
     // Each location in turn, as the drive letters once were.
     for (const QString& folder : shell::TempFolderCandidates()) {
-        if (localfs::DirFolder(folder).isEmpty() && !shell::MakeTempFolder(folder)) {
-            localfs::RmDir(folder);
+        if (!shell::MakeTempFolder(folder)) continue;
+        const TempFolder candidate{folder, localfs::ToPosix(folder)};
+        if (!TryCreate(candidate, sFileName)) {
+            localfs::RmDir(folder);  // only an empty folder goes
             continue;
         }
-        if (!shell::TempFolderIsSafe(folder)) continue;
-        const QString path = folder + "\\" + sFileName;
-        if (ftp::IsUnsafeName(sFileName) || sFileName.isEmpty() || sFileName == "." || sFileName == "..") {
-            localfs::RmDir(folder);
-            continue;
-        }
-        QFile f(localfs::ToPosix(path));
-        if (!f.open(QIODevice::ReadWrite)) {  // creates, leaves an existing file as it is
-            localfs::RmDir(folder);
-            continue;
-        }
-        f.close();
-        return path;
+        gTempFolder = candidate;
+        return folder + "\\" + sFileName;
     }
+    gTempFolder = TempFolder{};
     return QString();
+}
+
+void RemoveDummyFile(const QString& sPath) {
+    const QString prefix = gTempFolder.windows + "\\";
+    if (!gTempFolder.windows.isEmpty() && sPath.startsWith(prefix))
+        QFile::remove(gTempFolder.posix + "/" + sPath.mid(prefix.size()));
+    else
+        localfs::Kill(sPath);
 }
 
 QString GetShellTypeName(const QString& sPath) {
@@ -93,7 +117,7 @@ void TypeCache::Step(const QString& sName, bool following, QString& sType, QStri
     } else {
         const QString sDummy = CreateDummyFile(sName);
         sType = GetShellTypeName(sDummy);
-        localfs::Kill(sDummy);
+        RemoveDummyFile(sDummy);
         if (following && sType.isEmpty()) sType = sKey.mid(1).toUpper() + "-Datei";
         sTypeCache += sKey + "=" + sType + "|";
     }
@@ -101,5 +125,5 @@ void TypeCache::Step(const QString& sName, bool following, QString& sType, QStri
     auto& frame = mdiMain();
     frame.imgListSmall->Add(sKey, GetShellIcon(SHGFI_ICON | SHGFI_SMALLICON, sDummy));
     frame.imgListLarge->Add(sKey, GetShellIcon(SHGFI_ICON, sDummy));
-    localfs::Kill(sDummy);
+    RemoveDummyFile(sDummy);
 }

@@ -11,6 +11,8 @@
 // Full Windows-form path of a new (or existing) file of that name in the
 // temporary folder; "" when no location would take it.
 QString CreateDummyFile(const QString& sFileName);
+// Deletes a dummy file again; a missing one is no error.
+void RemoveDummyFile(const QString& sPath);
 QString GetShellTypeName(const QString& sPath);
 QIcon GetShellIcon(uint32_t lFlags, const QString& sPath);
 
