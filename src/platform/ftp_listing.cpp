@@ -1,26 +1,54 @@
 #include "platform/ftp_listing.h"
 
 #include <QDate>
+#include <QList>
 #include <QRegularExpression>
-#include <QStringList>
 
 namespace ftp {
 
 namespace {
 
+constexpr int64_t kTicksPerSecond = 10'000'000;
+constexpr int64_t kJulianDayOf1970 = 2440588;
+
 QString Decode(const QByteArray& bytes, NameEncoding enc) {
     return enc == NameEncoding::Utf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
 }
 
-FILETIME ToFileTime(const QDateTime& utc) {
-    return FileTimeFromUnix(utc.toSecsSinceEpoch());
+bool IsDigits(const QByteArray& s) {
+    if (s.isEmpty()) return false;
+    for (char c : s)
+        if (c < '0' || c > '9') return false;
+    return true;
 }
+
+// A wall-clock time as the server states it. Servers don't say which zone
+// they mean, so the stated figures are taken as UTC and never shifted.
+struct Stamp {
+    QDate date;
+    int hour = 0, minute = 0, second = 0, millisecond = 0;
+
+    bool IsValid() const {
+        return date.isValid() && hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 &&
+               second < 61 && millisecond >= 0 && millisecond < 1000;
+    }
+    int64_t UnixSeconds() const {
+        return (date.toJulianDay() - kJulianDayOf1970) * 86400 + hour * 3600 + minute * 60 + second;
+    }
+    FILETIME ToFileTime() const {
+        const FILETIME whole = FileTimeFromUnix(UnixSeconds());
+        uint64_t ticks = (uint64_t(whole.dwHighDateTime) << 32) | whole.dwLowDateTime;
+        if (ticks != 0) ticks += uint64_t(millisecond) * (kTicksPerSecond / 1000);
+        return FILETIME{uint32_t(ticks & 0xFFFFFFFF), uint32_t(ticks >> 32)};
+    }
+};
 
 void SetSize(WIN32_FIND_DATA& d, uint64_t size) {
     d.nFileSizeLow = uint32_t(size & 0xFFFFFFFF);
     d.nFileSizeHigh = uint32_t(size >> 32);
 }
 
+// CRLF or bare LF; blank lines carry nothing.
 QList<QByteArray> Lines(const QByteArray& body) {
     QList<QByteArray> out;
     for (QByteArray line : body.split('\n')) {
@@ -31,152 +59,255 @@ QList<QByteArray> Lines(const QByteArray& body) {
 }
 
 int MonthOf(const QByteArray& m) {
-    static const char* names[] = {"jan", "feb", "mar", "apr", "may", "jun",
-                                  "jul", "aug", "sep", "oct", "nov", "dec"};
+    static const char* const names[] = {"jan", "feb", "mar", "apr", "may", "jun",
+                                        "jul", "aug", "sep", "oct", "nov", "dec"};
+    if (m.size() != 3) return 0;
     const QByteArray l = m.toLower();
     for (int i = 0; i < 12; ++i)
         if (l == names[i]) return i + 1;
     return 0;
 }
 
-// Skips `count` blank-separated fields from `pos`; the position after them.
-qsizetype SkipFields(const QByteArray& line, qsizetype pos, int count) {
-    for (int i = 0; i < count; ++i) {
-        while (pos < line.size() && line[pos] == ' ') ++pos;
-        while (pos < line.size() && line[pos] != ' ') ++pos;
-    }
-    return pos;
-}
+struct Field {
+    QByteArray text;
+    qsizetype end = 0;  // index just behind the field in the line
+};
 
-QList<QByteArray> Fields(const QByteArray& line) {
-    QList<QByteArray> out;
-    for (const QByteArray& f : line.split(' '))
-        if (!f.isEmpty()) out << f;
+std::vector<Field> FieldsOf(const QByteArray& line) {
+    std::vector<Field> out;
+    qsizetype pos = 0;
+    while (pos < line.size()) {
+        while (pos < line.size() && line[pos] == ' ') ++pos;
+        const qsizetype begin = pos;
+        while (pos < line.size() && line[pos] != ' ') ++pos;
+        if (pos > begin) out.push_back(Field{line.mid(begin, pos - begin), pos});
+    }
     return out;
 }
 
-// "drwxr-xr-x 2 owner group 4096 Mar  5  2001 name": the month field is
-// found first, so a missing group or numeric owners don't matter.
-bool ParseUnix(const QByteArray& line, NameEncoding enc, const QDateTime& now, WIN32_FIND_DATA& out) {
-    if (line.size() < 10 || !QByteArray("-dlcbps").contains(line[0])) return false;
-    const QList<QByteArray> f = Fields(line);
-    int monthField = -1;
-    for (int i = 3; i + 2 < f.size(); ++i) {
-        if (MonthOf(f[i]) && f[i + 1].size() <= 2 && f[i + 1].toInt() >= 1 &&
-            (f[i + 2].contains(':') || f[i + 2].size() == 4)) {
-            monthField = i;
-            break;
-        }
+// "rwxr-xr-x" behind a type letter; ACL marks ("+", ".") may follow.
+bool IsModeField(const QByteArray& f) {
+    if (f.size() < 10 || !QByteArray("-dlcbpsD").contains(f[0])) return false;
+    for (int i = 1; i < 10; ++i)
+        if (!QByteArray("-rwxsStTlL").contains(f[i])) return false;
+    return true;
+}
+
+// "HH:MM" or "HH:MM:SS".
+bool ReadClock(const QByteArray& f, Stamp& s) {
+    const QList<QByteArray> parts = f.split(':');
+    if (parts.size() < 2 || parts.size() > 3) return false;
+    for (const QByteArray& p : parts)
+        if (!IsDigits(p) || p.size() > 2) return false;
+    s.hour = parts[0].toInt();
+    s.minute = parts[1].toInt();
+    s.second = parts.size() == 3 ? parts[2].toInt() : 0;
+    return true;
+}
+
+// ls leaves the year out for recent dates. The latest year that doesn't put
+// the date more than a day past `now` is meant; the day of slack covers
+// servers whose clock or zone runs ahead of ours.
+bool InferYear(int month, int day, Stamp& s, const QDateTime& now) {
+    const QDateTime utcNow = now.toUTC();
+    const int64_t limit = utcNow.toSecsSinceEpoch() + 86400;
+    const int thisYear = utcNow.date().year();
+    // Eight years back reaches the next 29 February from anywhere.
+    for (int year = thisYear + 1; year >= thisYear - 8; --year) {
+        s.date = QDate(year, month, day);
+        if (s.IsValid() && s.UnixSeconds() <= limit) return true;
     }
-    if (monthField < 0) return false;
-    const char type = line[0];
-    // The name is everything after the time or year field, blanks kept.
-    qsizetype pos = SkipFields(line, 0, monthField + 3);
-    if (pos >= line.size()) return false;
-    QByteArray name = line.mid(pos + 1);
-    bool linkToFolder = false;
+    return false;
+}
+
+// "drwxr-xr-x 2 owner group 4096 Mar  5  2001 name". The date is found
+// first and everything else is read from there, so numeric owners, a
+// missing group or a missing link count don't disturb the columns.
+bool ParseUnix(const QByteArray& line, NameEncoding enc, const QDateTime& now, WIN32_FIND_DATA& out) {
+    const std::vector<Field> f = FieldsOf(line);
+    if (f.size() < 5 || !IsModeField(f[0].text)) return false;
+    const char type = f[0].text[0];
+
+    size_t m = 0;
+    Stamp when;
+    int month = 0, day = 0;
+    for (size_t i = 2; i + 2 < f.size(); ++i) {
+        // Size before the month; devices give "major, minor" or "major,minor".
+        when = Stamp{};
+        const QByteArray& before = f[i - 1].text;
+        if (!IsDigits(before) && !before.contains(',')) continue;
+        month = MonthOf(f[i].text);
+        if (!month || !IsDigits(f[i + 1].text) || f[i + 1].text.size() > 2) continue;
+        day = f[i + 1].text.toInt();
+        if (day < 1 || day > 31) continue;
+        const QByteArray& third = f[i + 2].text;
+        if (third.contains(':')) {
+            if (!ReadClock(third, when)) continue;
+        } else if (!IsDigits(third) || third.size() != 4) {
+            continue;
+        }
+        m = i;
+        break;
+    }
+    if (m == 0) return false;
+
+    // Exactly one blank separates the time or year from the name; any
+    // further blanks belong to the name.
+    const qsizetype nameStart = f[m + 2].end + 1;
+    if (nameStart >= line.size()) return false;
+    QByteArray name = line.mid(nameStart);
+
+    const QByteArray& third = f[m + 2].text;
+    if (third.contains(':')) {
+        if (!InferYear(month, day, when, now)) return false;
+    } else {
+        when.date = QDate(third.toInt(), month, day);
+        if (!when.IsValid()) return false;
+    }
+
+    bool folder = type == 'd';
     if (type == 'l') {
+        // "name -> target": a link counts as a folder only when the server
+        // marks its target as one with a trailing slash.
         const qsizetype arrow = name.indexOf(" -> ");
         if (arrow >= 0) {
-            linkToFolder = name.endsWith('/');
-            name = name.left(arrow);
+            folder = name.endsWith('/');
+            name.truncate(arrow);
         }
     }
     if (name.isEmpty()) return false;
 
     out = WIN32_FIND_DATA{};
     out.cFileName = Decode(name, enc);
-    const bool folder = type == 'd' || linkToFolder;
     out.dwFileAttributes = folder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL;
-    if (line.size() > 2 && line[2] != 'w') out.dwFileAttributes |= FILE_ATTRIBUTE_READONLY;
-    // Device files give "major, minor" where the size would be.
-    const QByteArray sizeField = f[monthField - 1];
-    if (!sizeField.endsWith(',') && !(monthField >= 2 && f[monthField - 2].endsWith(',')))
-        SetSize(out, sizeField.toULongLong());
-
-    const int month = MonthOf(f[monthField]);
-    const int day = f[monthField + 1].toInt();
-    const QByteArray third = f[monthField + 2];
-    QDateTime when;
-    if (third.contains(':')) {
-        const QTime t(third.left(third.indexOf(':')).toInt(), third.mid(third.indexOf(':') + 1).toInt());
-        // The latest year that doesn't put the date more than a day ahead.
-        int year = now.date().year() + 1;
-        do {
-            when = QDateTime(QDate(year, month, day), t, Qt::UTC);
-            --year;
-        } while ((!when.isValid() || when > now.addDays(1)) && year > now.date().year() - 9);
-    } else {
-        when = QDateTime(QDate(third.toInt(), month, day), QTime(0, 0), Qt::UTC);
-    }
-    if (when.isValid()) out.ftLastWriteTime = ToFileTime(when);
+    if (f[0].text[2] != 'w') out.dwFileAttributes |= FILE_ATTRIBUTE_READONLY;
+    // The size column as stated, folders included; device numbers aren't one.
+    if (type != 'c' && type != 'b' && IsDigits(f[m - 1].text)) SetSize(out, f[m - 1].text.toULongLong());
+    out.ftLastWriteTime = when.ToFileTime();
     return true;
 }
 
-// "03-05-01  07:04AM       <DIR>          name" and "... 1234 name".
+// IIS: "03-05-01  07:04AM       <DIR>          name" and
+// "03-05-01  07:04AM                 1234 name". Names start in a fixed
+// column there; shorter forms separate them by blanks.
 bool ParseDos(const QByteArray& line, NameEncoding enc, WIN32_FIND_DATA& out) {
-    static const QRegularExpression re(
-        QStringLiteral("^(\\d{2})-(\\d{2})-(\\d{2,4})\\s+(\\d{1,2}):(\\d{2})\\s*([AaPp][Mm])?\\s+(<DIR>|\\d+)\\s(.+)$"));
-    const QString text = QString::fromLatin1(line);
-    const auto m = re.match(text);
-    if (!m.hasMatch()) return false;
-    int year = m.captured(3).toInt();
-    if (m.captured(3).size() == 2) year += year < 70 ? 2000 : 1900;
-    int hour = m.captured(4).toInt();
-    const QString ampm = m.captured(6).toUpper();
-    if (ampm == QLatin1String("PM") && hour < 12) hour += 12;
-    if (ampm == QLatin1String("AM") && hour == 12) hour = 0;
-    out = WIN32_FIND_DATA{};
-    // The name's bytes, not the Latin-1 view used for matching.
-    const qsizetype nameStart = line.size() - m.captured(8).toLatin1().size();
-    out.cFileName = Decode(line.mid(nameStart), enc);
-    if (m.captured(7) == QLatin1String("<DIR>")) {
-        out.dwFileAttributes = FILE_ATTRIBUTE_DIRECTORY;
-    } else {
-        out.dwFileAttributes = FILE_ATTRIBUTE_NORMAL;
-        SetSize(out, m.captured(7).toULongLong());
+    static const QRegularExpression re(QStringLiteral(
+        "^(\\d{1,2})-(\\d{1,2})-(\\d{4}|\\d{2}) +(\\d{1,2}):(\\d{2}) *([AaPp][Mm])? +(<DIR>|\\d+) (.*)$"));
+    // Latin-1 maps byte for byte, so offsets in the match are byte offsets.
+    const auto match = re.match(QString::fromLatin1(line));
+    if (!match.hasMatch()) return false;
+
+    Stamp when;
+    int year = match.captured(3).toInt();
+    if (match.captured(3).size() == 2) year += year < 70 ? 2000 : 1900;
+    when.date = QDate(year, match.captured(1).toInt(), match.captured(2).toInt());
+    when.hour = match.captured(4).toInt();
+    when.minute = match.captured(5).toInt();
+    const QString half = match.captured(6).toUpper();
+    if (!half.isEmpty()) {
+        if (when.hour < 1 || when.hour > 12) return false;
+        if (when.hour == 12) when.hour = 0;
+        if (half == QLatin1String("PM")) when.hour += 12;
     }
-    const QDateTime when(QDate(year, m.captured(1).toInt(), m.captured(2).toInt()), QTime(hour, m.captured(5).toInt()),
-                         Qt::UTC);
-    if (when.isValid()) out.ftLastWriteTime = ToFileTime(when);
+    if (!when.IsValid()) return false;
+
+    const bool folder = match.captured(7) == QLatin1String("<DIR>");
+    QByteArray name = line.mid(match.capturedStart(8));
+    if (folder) {
+        // IIS pads "<DIR>" with ten blanks; without that padding the blanks
+        // are taken as a separator.
+        if (name.startsWith(QByteArray(9, ' ')))
+            name.remove(0, 9);
+        else
+            while (name.startsWith(' ')) name.remove(0, 1);
+    }
+    if (name.isEmpty()) return false;
+
+    out = WIN32_FIND_DATA{};
+    out.cFileName = Decode(name, enc);
+    out.dwFileAttributes = folder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL;
+    if (!folder) SetSize(out, match.captured(7).toULongLong());
+    out.ftLastWriteTime = when.ToFileTime();
     return true;
+}
+
+// modify=YYYYMMDDHHMMSS with an optional fraction of a second.
+bool ReadMlsdTime(const QByteArray& v, Stamp& s) {
+    if (v.size() < 14 || !IsDigits(v.left(14))) return false;
+    s.date = QDate(v.left(4).toInt(), v.mid(4, 2).toInt(), v.mid(6, 2).toInt());
+    s.hour = v.mid(8, 2).toInt();
+    s.minute = v.mid(10, 2).toInt();
+    s.second = v.mid(12, 2).toInt();
+    if (v.size() > 15 && v[14] == '.') {
+        const QByteArray frac = (v.mid(15, 3) + "00").left(3);
+        if (IsDigits(frac)) s.millisecond = frac.toInt();
+    }
+    return s.IsValid();
+}
+
+// unix.mode as octal; some servers write it with a "0o" prefix.
+bool ReadMode(QByteArray v, unsigned& mode) {
+    if (v.startsWith("0o") || v.startsWith("0O")) v.remove(0, 2);
+    bool ok = false;
+    mode = v.toUInt(&ok, 8);
+    return ok && !v.isEmpty();
 }
 
 }  // namespace
 
 bool IsUnsafeName(const QString& name) {
-    return name.contains('/') || name.contains('\\') || name.contains(QChar(0));
+    return name.contains(QLatin1Char('/')) || name.contains(QLatin1Char('\\')) || name.contains(QChar(0));
 }
 
 std::vector<WIN32_FIND_DATA> ParseMlsd(const QByteArray& body, NameEncoding enc) {
     std::vector<WIN32_FIND_DATA> out;
     for (const QByteArray& line : Lines(body)) {
+        // "fact=value;fact=value; name": the name begins behind the first blank.
         const qsizetype space = line.indexOf(' ');
         if (space < 0) continue;
         const QByteArray name = line.mid(space + 1);
-        WIN32_FIND_DATA d;
-        d.cFileName = Decode(name, enc);
-        QByteArray type, perm, mode;
+        if (name.isEmpty()) continue;
+
+        QByteArray type, perm, modeText;
+        uint64_t size = 0;
+        Stamp when;
+        bool hasTime = false;
         for (const QByteArray& fact : line.left(space).split(';')) {
             const qsizetype eq = fact.indexOf('=');
-            if (eq < 0) continue;
-            const QByteArray key = fact.left(eq).toLower(), value = fact.mid(eq + 1);
-            if (key == "type") type = value.toLower();
-            else if (key == "size") SetSize(d, value.toULongLong());
-            else if (key == "perm") perm = value.toLower();
-            else if (key == "unix.mode") mode = value;
-            else if (key == "modify") {
-                const QDateTime t = QDateTime::fromString(QString::fromLatin1(value.left(14)), QStringLiteral("yyyyMMddHHmmss"));
-                if (t.isValid()) d.ftLastWriteTime = ToFileTime(QDateTime(t.date(), t.time(), Qt::UTC));
-            }
+            if (eq <= 0) continue;
+            const QByteArray key = fact.left(eq).toLower();
+            const QByteArray value = fact.mid(eq + 1);
+            if (key == "type")
+                type = value.toLower();
+            else if (key == "size" && IsDigits(value))
+                size = value.toULongLong();
+            else if (key == "perm")
+                perm = value.toLower();
+            else if (key == "unix.mode")
+                modeText = value;
+            else if (key == "modify")
+                hasTime = ReadMlsdTime(value, when);
         }
-        if (type == "cdir" || type == "pdir" || name.isEmpty() || IsUnsafeName(d.cFileName)) continue;
-        const bool folder = type == "dir";
+        if (type == "cdir" || type == "pdir") continue;
+
+        WIN32_FIND_DATA d;
+        d.cFileName = Decode(name, enc);
+        if (IsUnsafeName(d.cFileName)) continue;
+        // Servers that report links rather than follow them say
+        // "OS.unix=slink:target" or "OS.unix=symlink"; as in LIST, only a
+        // target ending in "/" is taken for a folder. Unknown types are files.
+        bool folder = type == "dir";
+        if (type.startsWith("os.unix=slink") || type.startsWith("os.unix=symlink")) folder = type.endsWith('/');
         d.dwFileAttributes = folder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL;
-        if (folder) SetSize(d, 0);
+        SetSize(d, size);
+        if (hasTime) d.ftLastWriteTime = when.ToFileTime();
+
+        // The mode says what the owner may do; without it the perm fact says
+        // what this login may do (write a file, create in a folder).
+        unsigned mode = 0;
         bool readOnly;
-        if (!mode.isEmpty())
-            readOnly = !(mode.toUInt(nullptr, 8) & 0200);
+        if (ReadMode(modeText, mode))
+            readOnly = !(mode & 0200);
         else
             readOnly = !perm.isEmpty() && !perm.contains(folder ? 'c' : 'w');
         if (readOnly) d.dwFileAttributes |= FILE_ATTRIBUTE_READONLY;

@@ -40,7 +40,11 @@ bool FileTimeToSystemTime(const FILETIME& ft, SYSTEMTIME& st) {
 }
 
 FILETIME FileTimeFromUnix(int64_t secondsSinceEpoch) {
-    const int64_t s = secondsSinceEpoch + kSecondsFrom1601To1970;
-    const uint64_t ticks = s < 0 ? 0 : uint64_t(s) * kTicksPerSecond;
+    // Before 1601 there is nothing to show; past the last representable
+    // tick the value is held at the maximum rather than wrapping around.
+    constexpr int64_t kMaxSeconds = INT64_MAX / kTicksPerSecond;
+    if (secondsSinceEpoch < -kSecondsFrom1601To1970) return FILETIME{};
+    if (secondsSinceEpoch > kMaxSeconds - kSecondsFrom1601To1970) return FILETIME{0xFFFFFFFF, 0x7FFFFFFF};
+    const uint64_t ticks = uint64_t(secondsSinceEpoch + kSecondsFrom1601To1970) * kTicksPerSecond;
     return FILETIME{uint32_t(ticks & 0xFFFFFFFF), uint32_t(ticks >> 32)};
 }
