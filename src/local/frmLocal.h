@@ -1,26 +1,74 @@
-// The left pane: the local computer.
+// The left pane: drives, the folder tree, the visited folders and the file
+// list of the local computer. The selected tree node is the current folder.
 #pragma once
 
 #include "platform/controls/ComboBox.h"
+#include "platform/controls/DriveListBox.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/FormSlot.h"
+#include "platform/controls/ImageList.h"
 #include "platform/controls/ListView.h"
+#include "platform/controls/Toolbar.h"
+#include "platform/controls/TreeView.h"
 
 #include <QGroupBox>
+#include <vector>
+
+struct tLocalFolder {
+    QString sName;
+    QString sPath;  // full path with trailing "\"
+};
 
 class FrmLocal : public controls::Form {
     Q_OBJECT
 public:
     FrmLocal();
     void Form_Load();
-    void Form_Unload() {}
+    void Form_Unload();
 
     QGroupBox* fraLocal = nullptr;
+    controls::DriveListBox* drvDrive = nullptr;
+    controls::Toolbar* tlbdrvDrive = nullptr;
+    controls::TreeView* trwPaths = nullptr;
+    controls::Toolbar* tlbDirOptions = nullptr;
     controls::ComboBox* cboLocal = nullptr;
+    controls::Toolbar* tlbLocal = nullptr;
     controls::ListView* lsvDirFile = nullptr;
+    controls::ImageList* imgImages = nullptr;
+    controls::ImageList* imgListLarge = nullptr;
+    controls::ImageList* imgListSmall = nullptr;
+    controls::ImageList* imgLocalLinks = nullptr;
+    controls::ImageList* imgLocalRechts = nullptr;
+    controls::ImageList* imgdrvDrive = nullptr;
+
+    std::vector<tLocalFolder> arrLocalFolders;
+
+    // Reads the folder of the selected node.
+    void RefreshLocal();
+    // Fills the list; pPath comes back with a trailing "\".
+    void ViewFolder(QString& pPath, const QString& pPattern);
+    void ReadDrive(const QString& pDrive);
+    void GetFilestrwPaths(const QString& pPath);
+    // The folder of the selected node, walked up to its drive, with a
+    // trailing "\"; node 1 when none is selected.
+    QString CurrentFolder(bool lowerFallback = false) const;
+
+    void drvDrive_Change();
+    void cboLocal_Click();
+    void trwPaths_Expand(int node);
+    void trwPaths_NodeClick(int node);
+    void lsvDirFile_DblClick();
+    void lsvDirFile_KeyDown(int& keyCode, int shift);
+    void tlbLocal_ButtonClick(const QString& key);
+    void tlbdrvDrive_ButtonClick(const QString& key);
+    void tlbDirOptions_ButtonClick(const QString& key);
 
 protected:
     void Form_Resize() override;
+
+private:
+    void ViewSelectedNode();
+    void ChooseStartDrive();
 };
 
 extern controls::FormSlot<FrmLocal> frmLocal;

@@ -1,0 +1,213 @@
+// The left pane's navigation: drive box, folder tree read one level ahead,
+// the combo of visited folders and the double click, kept in step by hand.
+#include "frame/mPublic.h"
+#include "language/mDataBase.h"
+#include "local/frmLocal.h"
+#include "platform/localfs.h"
+#include "platform/seams.h"
+
+#include <cmath>
+
+namespace {
+
+int CompareNames(const QString& a, const QString& b) {
+    return a.compare(b, Qt::CaseInsensitive);
+}
+
+void QuickSortLocalFolders(std::vector<tLocalFolder>& a, int lLow, int lHigh) {
+    int i = lLow, j = lHigh;
+    const QString pivot = a[size_t(int(std::nearbyint((lLow + lHigh) / 2.0)))].sName;
+    do {
+        while (CompareNames(a[size_t(i)].sName, pivot) < 0) ++i;
+        while (CompareNames(a[size_t(j)].sName, pivot) > 0) --j;
+        if (i > j) break;
+        std::swap(a[size_t(i)], a[size_t(j)]);
+        ++i;
+        --j;
+    } while (i <= j);
+    if (lLow < j) QuickSortLocalFolders(a, lLow, j);
+    if (i < lHigh) QuickSortLocalFolders(a, i, lHigh);
+}
+
+bool SameEntry(const QString& a, const QString& b) {
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+// Selects `entry` in the combo, adding it when it isn't there yet.
+void SelectComboEntry(controls::ComboBox& combo, const QString& entry) {
+    for (int pass = 0; pass < 2; ++pass) {
+        for (int i = 0; i < combo.ListCount(); ++i) {
+            if (SameEntry(combo.List(i), entry)) {
+                combo.SetListIndex(i);
+                return;
+            }
+        }
+        combo.AddItem(entry);
+    }
+}
+
+}  // namespace
+
+QString FrmLocal::CurrentFolder(bool lowerFallback) const {
+    int index = trwPaths->SelectedIndex();
+    QString text;
+    if (index == 0) {
+        index = 1;
+        text = trwPaths->Text(1);
+        if (lowerFallback) text = text.toLower();
+    } else {
+        text = trwPaths->Text(index).trimmed();
+    }
+    if (index == 1) return text + "\\";
+    QString path = text;
+    for (int parent = trwPaths->Parent(index); parent != 0; parent = trwPaths->Parent(parent)) {
+        const QString parentText = trwPaths->Text(parent).trimmed();
+        path = parentText + "\\" + path;
+        if (parentText.size() >= 2 && parentText[1] == ':') break;
+    }
+    return path + "\\";
+}
+
+void FrmLocal::RefreshLocal() {
+    QString folder = CurrentFolder();
+    ViewFolder(folder, "*.*");
+}
+
+void FrmLocal::ViewSelectedNode() {
+    QString folder = CurrentFolder();
+    SetMousePointer(11);
+    ViewFolder(folder, "*.*");
+    SetMousePointer(0);
+}
+
+void FrmLocal::ReadDrive(const QString& pDrive) {
+    const QString drive = pDrive.toLower();
+    trwPaths->Clear();
+    trwPaths->Add(QString(), 0, drive, drive.left(2), 1, 1);
+    GetFilestrwPaths(drive);
+    trwPaths->SetExpanded(1, true);
+}
+
+void FrmLocal::GetFilestrwPaths(const QString& pPath) {
+    arrLocalFolders.assign(1, tLocalFolder{});
+    const QString base = pPath.endsWith('\\') ? pPath : pPath + "\\";
+    WIN32_FIND_DATA data;
+    const HANDLE hFind = FindFirstFileA(pPath + "*.*", data);
+    if (hFind != 0) {
+        do {
+            const QString name = data.cFileName;
+            if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && name != "." && name != "..") {
+                arrLocalFolders.back() = tLocalFolder{name, base + name + "\\"};
+                arrLocalFolders.emplace_back();
+            }
+        } while (FindNextFileA(hFind, data = WIN32_FIND_DATA{}));
+        FindClose(hFind);
+    }
+    const int upper = int(arrLocalFolders.size()) - 1;
+    if (upper <= 0) return;
+    QuickSortLocalFolders(arrLocalFolders, 0, upper - 1);
+    // A node read before already has these children: the adds fail.
+    for (int i = 0; i < upper; ++i)
+        trwPaths->Add(pPath, 4, arrLocalFolders[size_t(i)].sPath.toLower(), arrLocalFolders[size_t(i)].sName, 2, 3);
+}
+
+void FrmLocal::trwPaths_Expand(int node) {
+    const int child = trwPaths->Child(node);
+    if (child == 0) return;
+    const int first = trwPaths->FirstSibling(child);
+    const int last = trwPaths->LastSibling(child);
+    for (int i = first; i != 0 && i <= last; ++i) {
+        if (trwPaths->Tag(i) == "*") continue;
+        SetMousePointer(11);
+        GetFilestrwPaths(trwPaths->Key(i));
+        trwPaths->SetTag(i, "*");
+        SetMousePointer(0);
+    }
+}
+
+void FrmLocal::drvDrive_Change() {
+    const QString sDrive = drvDrive->Drive().left(2);
+    if (!localfs::DriveExists(sDrive)) {
+        MsgBox(GetLanguageText("FRMLOCAL_INSERTDEVICE") + " " + sDrive + GetLanguageText("FRMLOCAL_INTO"), 48);
+        return;
+    }
+    localfs::ChDir(sDrive + "\\");
+    ReadDrive(sDrive + "\\");
+    cboLocal->Clear();
+    cboLocal->AddItem(sDrive.toUpper() + "\\");
+    // The combo's click fills the list.
+    cboLocal->SetListIndex(0);
+}
+
+void FrmLocal::ChooseStartDrive() {
+    // The fixed order of the classic start: the floppy comes last.
+    QString tried;
+    for (const char* drive : {"c:\\", "d:\\", "e:\\", "f:\\", "g:\\", "a:\\"}) {
+        tried = drive;
+        if (drvDrive->SetDrive(tried)) break;
+    }
+    ReadDrive(tried.left(2).toLower() + "\\");
+    ViewFolder(tried, "*.*");
+    trwPaths->SetDropHighlight(trwPaths->HitTest(675, 105));
+    if (trwPaths->DropHighlight() == 0) trwPaths->SetDropHighlight(1);
+}
+
+void FrmLocal::cboLocal_Click() {
+    const QString s = cboLocal->Text().trimmed();
+    QString sKey = s.size() == 3 ? s.left(2).toLower() : s.toLower();
+    if (s.size() != 3 && !sKey.endsWith('\\')) sKey += '\\';
+    SetMousePointer(11);
+    const int node = sKey.size() == 2 ? 1 : trwPaths->IndexOf(sKey);
+    if (node != 0) {
+        trwPaths->SetExpanded(node, true);
+        trwPaths->SetSelected(node);
+    }
+    ViewFolder(sKey, "*.*");
+    SetMousePointer(0);
+}
+
+void FrmLocal::trwPaths_NodeClick(int node) {
+    QString sKey = trwPaths->Key(node);
+    if (sKey.endsWith('\\') && sKey.size() > 3) sKey.chop(1);
+    if (sKey.endsWith(':')) sKey += '\\';
+    bool found = false;
+    for (int i = 0; i < cboLocal->ListCount(); ++i) {
+        if (SameEntry(cboLocal->List(i), sKey)) {
+            cboLocal->SetListIndex(i);
+            found = true;
+            break;
+        }
+    }
+    if (!found) cboLocal->AddItem(sKey);
+    cboLocal->update();
+    // Assigned a second time even when found: the last read uses the real
+    // case of the node texts.
+    for (int i = 0; i < cboLocal->ListCount(); ++i) {
+        if (SameEntry(cboLocal->List(i), sKey)) {
+            cboLocal->SetListIndex(i);
+            break;
+        }
+    }
+    ViewSelectedNode();
+}
+
+void FrmLocal::lsvDirFile_DblClick() {
+    const QString folder = CurrentFolder(true);
+    const int row = lsvDirFile->SelectedIndex();
+    if (lsvDirFile->SubItem(row, 1).isEmpty()) {
+        QString sFolder = folder + lsvDirFile->Text(row);
+        ViewFolder(sFolder, "*.*");
+        if (sFolder.endsWith('\\')) sFolder = sFolder.left(sFolder.size() - 1).toLower();
+        const int selected = trwPaths->SelectedIndex();
+        if (selected != 0 && trwPaths->Children(selected) > 0) {
+            trwPaths->SetExpanded(selected, true);
+            const int target = trwPaths->IndexOf(sFolder.endsWith('\\') ? sFolder : sFolder + "\\");
+            if (target != 0) {
+                trwPaths->SetExpanded(target, true);
+                trwPaths->SetSelected(target);
+            }
+            SelectComboEntry(*cboLocal, sFolder);
+        }
+    }
+    SetMousePointer(0);
+}
