@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QProcess>
 #include <QTimer>
 
 namespace {
@@ -193,6 +194,57 @@ TEST_F(Connect, ExitClosesTheConnectionTheServerSees) {
     EXPECT_EQ(endCalls, 1);
     EXPECT_FALSE(Alive(h));
     EXPECT_EQ(hConnection, h);  // closed, never cleared
+}
+
+TEST_F(Connect, BothSequencesWorkOnBothServersAndAnUnknownHostFails) {
+    FtpServer vs(FtpServer::Kind::Vsftpd);
+    Fill(vs);
+    mdiMain().mnuVerbindungVerbinden_Click();
+    EXPECT_NE(hConnection, 0u);
+    FtpServer py(FtpServer::Kind::Pyftpdlib);
+    Fill(py);
+    mdiMain().QuickConnect();
+    EXPECT_NE(hConnection, 0u);
+    EXPECT_TRUE(boxes.empty());
+
+    Fill(py);
+    mdiMain().txtAddress->SetText("no-such-host.invalid");
+    mdiMain().QuickConnect();
+    EXPECT_EQ(hConnection, 0u);
+    mdiMain().mnuVerbindungVerbinden_Click();
+    EXPECT_EQ(hConnection, 0u);
+    ASSERT_EQ(boxes.size(), 2u);
+    EXPECT_EQ(boxes[1].flags, 48);
+}
+
+TEST_F(Connect, TheServerSeesBothConnectionsOfTwoSuccessiveConnects) {
+    FtpServer server(FtpServer::Kind::Vsftpd);
+    Fill(server);
+    mdiMain().QuickConnect();
+    mdiMain().QuickConnect();
+    QProcess ss;
+    ss.start("ss", {"-Htn", "state", "established", QString("( sport = :%1 )").arg(server.port())});
+    ss.waitForFinished(3000);
+    EXPECT_EQ(ss.readAllStandardOutput().count('\n'), 2);
+}
+
+TEST_F(Connect, TheServersPlaceIsReadAndChangedByPath) {
+    FtpServer server(FtpServer::Kind::Pyftpdlib);
+    server.MakeFolder("docs/old");
+    Fill(server);
+    mdiMain().QuickConnect();
+    EXPECT_EQ(GetServerDirectory(), "/");
+    EXPECT_TRUE(SetServerDirectory("docs/old"));
+    EXPECT_EQ(GetServerDirectory(), "/docs/old");
+    EXPECT_TRUE(SetServerDirectory(".."));
+    EXPECT_EQ(GetServerDirectory(), "/docs");
+    EXPECT_FALSE(SetServerDirectory("missing"));
+    EXPECT_EQ(GetServerDirectory(), "/docs");
+    EXPECT_TRUE(SetServerDirectory("/"));
+    EXPECT_EQ(GetServerDirectory(), "/");
+    hConnection = 0;
+    EXPECT_EQ(GetServerDirectory(), "");
+    EXPECT_FALSE(SetServerDirectory("/"));
 }
 
 }  // namespace

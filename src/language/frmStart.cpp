@@ -93,7 +93,7 @@ FrmStart::FrmStart() {
 }
 
 void FrmStart::Form_Load() {
-    OpenLanguageDatabase(AppPathPosix() + "/lang.db");
+    OpenLanguageDatabase(LanguageDatabasePath());
     cboSprache->Clear();
     for (const LanguageRow& row : ReadLanguages(30)) cboSprache->AddItem(row.displayName);
     // Fewer than three languages: the assignment fails and nothing is chosen.

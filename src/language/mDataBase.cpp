@@ -16,6 +16,21 @@ QSqlDatabase Connection() {
 }
 }  // namespace
 
+namespace {
+QString& DatabasePathOverride() {
+    static QString path;
+    return path;
+}
+}  // namespace
+
+QString LanguageDatabasePath() {
+    return DatabasePathOverride().isEmpty() ? AppPathPosix() + QStringLiteral("/lang.db") : DatabasePathOverride();
+}
+
+void SetLanguageDatabasePath(const QString& path) {
+    DatabasePathOverride() = path;
+}
+
 void OpenLanguageDatabase(const QString& path) {
     CloseLanguageDatabase();
     // A missing file must not be created: the catalogue then stays closed.

@@ -4,6 +4,11 @@
 #include <QString>
 #include <vector>
 
+// lang.db in the program folder, unless another file was named (tests
+// bring catalogues of their own).
+QString LanguageDatabasePath();
+void SetLanguageDatabasePath(const QString& path);
+
 // Opens cnnLanguage read-only on `path` (lang.db in the program folder).
 // A missing or unreadable file is not reported; lookups then give "########".
 void OpenLanguageDatabase(const QString& path);
