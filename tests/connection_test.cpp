@@ -24,13 +24,6 @@ protected:
         FrameTest::SetUp();
         StartFrame();
     }
-    void Fill(const FtpServer& s, const QString& port = QString()) {
-        auto& f = mdiMain();
-        f.txtAddress->SetText("127.0.0.1");
-        f.txtPort->SetText(port.isNull() ? s.portText() : port);
-        f.txtUserID->SetText(s.user());
-        f.txtPassword->SetText(s.password());
-    }
     static bool Alive(HINTERNET h) {
         QString dir;
         uint32_t len = 1024;
@@ -46,7 +39,7 @@ protected:
 
 TEST_F(Connect, FullConnectClearsTheLogAndTellsTheCourseInLines) {
     FtpServer server(FtpServer::Kind::Pyftpdlib);
-    Fill(server);
+    FillBar(server);
     mdiMain().mnuVerbindungVerbinden_Click();
     ASSERT_NE(hConnection, 0u);
     EXPECT_EQ(hConnection, mdiMain().hMainConnection);
@@ -75,7 +68,7 @@ TEST_F(Connect, FullConnectClearsTheLogAndTellsTheCourseInLines) {
 
 TEST_F(Connect, QuickConnectLogsOnlyAfterSuccessAndEnablesThreeBoxes) {
     FtpServer server(FtpServer::Kind::Vsftpd);
-    Fill(server);
+    FillBar(server);
     mdiMain().QuickConnect();
     ASSERT_NE(hConnection, 0u);
     const auto lines = LogLines();
@@ -91,7 +84,7 @@ TEST_F(Connect, QuickConnectLogsOnlyAfterSuccessAndEnablesThreeBoxes) {
 
 TEST_F(Connect, ReturnInThePasswordBoxStartsTheQuickConnect) {
     FtpServer server(FtpServer::Kind::Pyftpdlib);
-    Fill(server);
+    FillBar(server);
     mdiMain().txtPassword->SetFocus();
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
     QApplication::sendEvent(mdiMain().txtPassword, &press);
@@ -100,7 +93,7 @@ TEST_F(Connect, ReturnInThePasswordBoxStartsTheQuickConnect) {
 
 TEST_F(Connect, UnreachableServerFailsWithTheRedLineAndTheExclamationBox) {
     FtpServer server(FtpServer::Kind::Pyftpdlib);
-    Fill(server, ClosedPort());
+    FillBar(server, ClosedPort());
     mdiMain().mnuVerbindungVerbinden_Click();
     EXPECT_EQ(hConnection, 0u);
     EXPECT_EQ(mdiMain().hMainConnection, 0u);
@@ -120,7 +113,7 @@ TEST_F(Connect, PortsThatDontConvertFailLikeAnUnreachableServer) {
     FtpServer server(FtpServer::Kind::Pyftpdlib);
     for (const QString port : {"ftp", "32768", "65000"}) {
         boxes.clear();
-        Fill(server, port);
+        FillBar(server, port);
         mdiMain().mnuVerbindungVerbinden_Click();
         EXPECT_EQ(hConnection, 0u) << port.toStdString();
         ASSERT_EQ(boxes.size(), 1u);
@@ -128,7 +121,7 @@ TEST_F(Connect, PortsThatDontConvertFailLikeAnUnreachableServer) {
     }
     // Return with an empty port box: the quick connect doesn't check it.
     boxes.clear();
-    Fill(server, "");
+    FillBar(server, "");
     mdiMain().QuickConnect();
     EXPECT_EQ(hConnection, 0u);
     ASSERT_EQ(boxes.size(), 1u);
@@ -140,7 +133,7 @@ TEST_F(Connect, PortsThatDontConvertFailLikeAnUnreachableServer) {
 
 TEST_F(Connect, WrongPasswordIsRefused) {
     FtpServer server(FtpServer::Kind::Pyftpdlib);
-    Fill(server);
+    FillBar(server);
     mdiMain().txtPassword->SetText("wrong");
     mdiMain().QuickConnect();
     EXPECT_EQ(hConnection, 0u);
@@ -149,7 +142,7 @@ TEST_F(Connect, WrongPasswordIsRefused) {
 
 TEST_F(Connect, ASecondConnectLeavesTheFirstConnectionOpenBesideIt) {
     FtpServer server(FtpServer::Kind::Pyftpdlib);
-    Fill(server);
+    FillBar(server);
     mdiMain().QuickConnect();
     const HINTERNET first = hConnection;
     ASSERT_NE(first, 0u);
@@ -172,7 +165,7 @@ TEST_F(Connect, ASecondConnectLeavesTheFirstConnectionOpenBesideIt) {
 
 TEST_F(Connect, PassiveBoxIsANoticeOnlyAndTheConnectionIsMadeWithFlagsZero) {
     FtpServer server(FtpServer::Kind::Vsftpd);
-    Fill(server);
+    FillBar(server);
     mdiMain().chkPassiveTransfer->click();
     ASSERT_EQ(lConnectFlags, INTERNET_FLAG_PASSIVE);
     mdiMain().mnuVerbindungVerbinden_Click();
@@ -185,7 +178,7 @@ TEST_F(Connect, PassiveBoxIsANoticeOnlyAndTheConnectionIsMadeWithFlagsZero) {
 
 TEST_F(Connect, ExitClosesTheConnectionTheServerSees) {
     FtpServer server(FtpServer::Kind::Pyftpdlib);
-    Fill(server);
+    FillBar(server);
     mdiMain().QuickConnect();
     const HINTERNET h = hConnection;
     ASSERT_TRUE(Alive(h));
@@ -198,16 +191,16 @@ TEST_F(Connect, ExitClosesTheConnectionTheServerSees) {
 
 TEST_F(Connect, BothSequencesWorkOnBothServersAndAnUnknownHostFails) {
     FtpServer vs(FtpServer::Kind::Vsftpd);
-    Fill(vs);
+    FillBar(vs);
     mdiMain().mnuVerbindungVerbinden_Click();
     EXPECT_NE(hConnection, 0u);
     FtpServer py(FtpServer::Kind::Pyftpdlib);
-    Fill(py);
+    FillBar(py);
     mdiMain().QuickConnect();
     EXPECT_NE(hConnection, 0u);
     EXPECT_TRUE(boxes.empty());
 
-    Fill(py);
+    FillBar(py);
     mdiMain().txtAddress->SetText("no-such-host.invalid");
     mdiMain().QuickConnect();
     EXPECT_EQ(hConnection, 0u);
@@ -219,7 +212,7 @@ TEST_F(Connect, BothSequencesWorkOnBothServersAndAnUnknownHostFails) {
 
 TEST_F(Connect, TheServerSeesBothConnectionsOfTwoSuccessiveConnects) {
     FtpServer server(FtpServer::Kind::Vsftpd);
-    Fill(server);
+    FillBar(server);
     mdiMain().QuickConnect();
     mdiMain().QuickConnect();
     QProcess ss;
@@ -231,7 +224,7 @@ TEST_F(Connect, TheServerSeesBothConnectionsOfTwoSuccessiveConnects) {
 TEST_F(Connect, TheServersPlaceIsReadAndChangedByPath) {
     FtpServer server(FtpServer::Kind::Pyftpdlib);
     server.MakeFolder("docs/old");
-    Fill(server);
+    FillBar(server);
     mdiMain().QuickConnect();
     EXPECT_EQ(GetServerDirectory(), "/");
     EXPECT_TRUE(SetServerDirectory("docs/old"));

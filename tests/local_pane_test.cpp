@@ -33,16 +33,8 @@ protected:
     }
     static controls::ListView& list() { return *frmLocal().lsvDirFile; }
     static controls::TreeView& tree() { return *frmLocal().trwPaths; }
-    static QStringList Rows() {
-        QStringList rows;
-        for (int i = 1; i <= list().Count(); ++i) rows << list().Text(i);
-        return rows;
-    }
-    static int RowOf(const QString& text) {
-        for (int i = 1; i <= list().Count(); ++i)
-            if (list().Text(i) == text) return i;
-        return 0;
-    }
+    static QStringList Rows() { return RowTexts(list()); }
+    static int RowOf(const QString& text) { return FrameTest::RowOf(list(), text); }
     void View(const QString& path) {
         QString p = path;
         frmLocal().ViewFolder(p, "*.*");

@@ -28,27 +28,11 @@ protected:
         FrameTest::SetUp();
         StartFrame();
     }
-    void ConnectTo(const FtpServer& s) {
-        auto& f = mdiMain();
-        f.txtAddress->SetText("127.0.0.1");
-        f.txtPort->SetText(s.portText());
-        f.txtUserID->SetText(s.user());
-        f.txtPassword->SetText(s.password());
-        f.mnuVerbindungVerbinden_Click();
-        ASSERT_NE(hConnection, 0u);
-    }
+    void ConnectTo(const FtpServer& s) { ASSERT_TRUE(Connect(s, /*full=*/true)); }
     static controls::ListView& list() { return *frmServer().lsvServer; }
     static controls::ComboBox& combo() { return *frmServer().cboServer; }
-    static QStringList Rows() {
-        QStringList rows;
-        for (int i = 1; i <= list().Count(); ++i) rows << list().Text(i);
-        return rows;
-    }
-    static int RowOf(const QString& text) {
-        for (int i = 1; i <= list().Count(); ++i)
-            if (list().Text(i) == text) return i;
-        return 0;
-    }
+    static QStringList Rows() { return RowTexts(list()); }
+    static int RowOf(const QString& text) { return FrameTest::RowOf(list(), text); }
     static QStringList ComboItems() {
         QStringList items;
         for (int i = 0; i < combo().ListCount(); ++i) items << combo().List(i);

@@ -40,13 +40,7 @@ protected:
         FrameTest::TearDown();
     }
     void ConnectTo(const FtpServer& s) {
-        auto& f = mdiMain();
-        f.txtAddress->SetText("127.0.0.1");
-        f.txtPort->SetText(s.portText());
-        f.txtUserID->SetText(s.user());
-        f.txtPassword->SetText(s.password());
-        f.QuickConnect();
-        ASSERT_NE(hConnection, 0u);
+        ASSERT_TRUE(Connect(s));
         ASSERT_TRUE(SetServerDirectory(s.serverRoot()));
     }
     QString Local(const QString& name, const QByteArray& content) {

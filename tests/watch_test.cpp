@@ -22,13 +22,7 @@ protected:
         StartFrame();
     }
     void ConnectTo(const FtpServer& s) {
-        auto& f = mdiMain();
-        f.txtAddress->SetText("127.0.0.1");
-        f.txtPort->SetText(s.portText());
-        f.txtUserID->SetText(s.user());
-        f.txtPassword->SetText(s.password());
-        f.QuickConnect();
-        ASSERT_NE(hConnection, 0u);
+        ASSERT_TRUE(Connect(s));
     }
     // Lets the event loop run for real time, so the timer can tick.
     static void RunFor(int ms) {

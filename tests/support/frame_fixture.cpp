@@ -9,6 +9,7 @@
 #include "local/frmLocal.h"
 #include "platform/wininet.h"
 #include "server/frmServer.h"
+#include "support/ftp_server.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -81,6 +82,35 @@ void FrameTest::Pump(int turns) {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+}
+
+void FrameTest::FillBar(const FtpServer& server, const QString& port) {
+    auto& f = mdiMain();
+    f.txtAddress->SetText("127.0.0.1");
+    f.txtPort->SetText(port.isNull() ? server.portText() : port);
+    f.txtUserID->SetText(server.user());
+    f.txtPassword->SetText(server.password());
+}
+
+bool FrameTest::Connect(const FtpServer& server, bool full) {
+    FillBar(server);
+    if (full)
+        mdiMain().mnuVerbindungVerbinden_Click();
+    else
+        mdiMain().QuickConnect();
+    return hConnection != 0;
+}
+
+QStringList FrameTest::RowTexts(const controls::ListView& list) {
+    QStringList rows;
+    for (int i = 1; i <= list.Count(); ++i) rows << list.Text(i);
+    return rows;
+}
+
+int FrameTest::RowOf(const controls::ListView& list, const QString& text) {
+    for (int i = 1; i <= list.Count(); ++i)
+        if (list.Text(i) == text) return i;
+    return 0;
 }
 
 QString FrameTest::LogText() const {

@@ -7,9 +7,15 @@
 #include "platform/seams.h"
 
 #include <QString>
+#include <QStringList>
 #include <deque>
 #include <gtest/gtest.h>
 #include <vector>
+
+class FtpServer;
+namespace controls {
+class ListView;
+}
 
 class FrameTest : public ::testing::Test {
 protected:
@@ -25,6 +31,16 @@ protected:
     static void UnloadAll();
     // Lets queued events run (several turns, deferred deletes included).
     static void Pump(int turns = 3);
+
+    // Fills the connection bar for the server (another port if given).
+    static void FillBar(const FtpServer& server, const QString& port = QString());
+    // Fills the bar and connects, by the menu's full connect or by Return's
+    // quick one; true when a connection stands.
+    static bool Connect(const FtpServer& server, bool full = false);
+
+    // The texts of a list's rows, and the 1-based row of a text (0 if none).
+    static QStringList RowTexts(const controls::ListView& list);
+    static int RowOf(const controls::ListView& list, const QString& text);
 
     QString LogText() const;
     // Plain text of each log line with the colour of its first character.
