@@ -166,6 +166,7 @@ void FillLocalRows(const LocalReaderVariant& variant) {
     list.SetIcons(pane.imgListLarge);
     list.SetSmallIcons(pane.imgListSmall);
     const QString folderWord = GetLanguageText("FOLDER");
+    list.BeginBulk();
     const int upper = int(arrLocalFiles.size()) - 1;
     for (int i = 0; i < upper; ++i) {
         const tLocalEntry& e = arrLocalFiles[size_t(i)];
@@ -178,4 +179,5 @@ void FillLocalRows(const LocalReaderVariant& variant) {
         list.SetSubItem(row, 4, FormatLocalAttributes(uint32_t(e.lAttributes), variant.showDirectoryLetter));
         if (i % 1000 == 0) list.Refresh();
     }
+    list.EndBulk();
 }

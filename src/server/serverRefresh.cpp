@@ -35,6 +35,7 @@ bool FillServerRows(HINTERNET& hConnection, bool stopAtFolderLimit) {
     DoEvents();
     list.Clear();  // the old rows stay visible through the whole read
     DoEvents();
+    list.BeginBulk();
 
     std::vector<FolderRow> arrFolders;
     arrFolders.reserve(64);
@@ -43,7 +44,10 @@ bool FillServerRows(HINTERNET& hConnection, bool stopAtFolderLimit) {
         const tServerFile& f = arrServerFiles[size_t(i)];
         if (f.sAttributes.toInt() != int(FILE_ATTRIBUTE_DIRECTORY)) continue;
         if (n >= kFolderTableRows) {
-            if (stopAtFolderLimit) return false;
+            if (stopAtFolderLimit) {
+                list.EndBulk();
+                return false;
+            }
         } else {
             arrFolders.push_back({f.sName, f.sDate, FormatAttributes(f.sAttributes.toUInt())});
         }
@@ -76,6 +80,7 @@ bool FillServerRows(HINTERNET& hConnection, bool stopAtFolderLimit) {
             list.SetSubItem(row, 4, FormatAttributes(f.sAttributes.toUInt()));
         }
     }
+    list.EndBulk();
     list.Refresh();
     return true;
 }

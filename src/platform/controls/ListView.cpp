@@ -13,6 +13,16 @@
 
 namespace controls {
 
+// Lets the list tell its views "everything changed" after a bulk fill.
+class RowModel : public QStandardItemModel {
+public:
+    using QStandardItemModel::QStandardItemModel;
+    void Reset() {
+        beginResetModel();
+        endResetModel();
+    }
+};
+
 namespace {
 constexpr int kSubItems = 4;
 constexpr int kKeyRole = Qt::UserRole + 1;
@@ -33,7 +43,7 @@ int ShiftCode(Qt::KeyboardModifiers m) {
 
 ListView::ListView(QWidget* parent)
     : QStackedWidget(parent),
-      model_(new QStandardItemModel(0, 1 + kSubItems, this)),
+      model_(new RowModel(0, 1 + kSubItems, this)),
       iconView_(new QListView(this)),
       reportView_(new QTreeView(this)) {
     iconView_->setModel(model_);
@@ -183,6 +193,23 @@ int ListView::SelectedIndex() const {
     if (Count() == 0) return 0;
     const QModelIndex cur = reportView_->selectionModel()->currentIndex();
     return cur.isValid() ? cur.row() + 1 : 1;
+}
+
+void ListView::BeginBulk() {
+    if (bulk_) return;
+    bulk_ = true;
+    model_->blockSignals(true);
+}
+
+void ListView::EndBulk() {
+    if (!bulk_) return;
+    bulk_ = false;
+    model_->blockSignals(false);
+    // The reset drops the selection: the first row stays the selected one.
+    const bool firstSelected = Count() > 0 && Selected(1);
+    model_->Reset();
+    if (firstSelected || (Count() > 0 && !reportView_->selectionModel()->currentIndex().isValid()))
+        SetSelected(1, true);
 }
 
 void ListView::Refresh() {

@@ -14,6 +14,9 @@
 #include <functional>
 
 class QStandardItemModel;
+namespace controls {
+class RowModel;
+}
 class QListView;
 class QTreeView;
 class QAbstractItemView;
@@ -52,6 +55,10 @@ public:
     // SelectedItem: the current row, 0 when the list is empty.
     int SelectedIndex() const;
     void Refresh();
+    // Many rows at once: the views learn of them in one go at EndBulk
+    // instead of row by row.
+    void BeginBulk();
+    void EndBulk();
     int RefreshCount() const { return refreshes_; }
 
     int View() const { return view_; }
@@ -72,7 +79,7 @@ private:
     QIcon iconFor(const QString& largeKey, const QString& smallKey);
     void watch(QAbstractItemView* view);
 
-    QStandardItemModel* model_;
+    RowModel* model_;
     QListView* iconView_;
     QTreeView* reportView_;
     QPointer<ImageList> large_;
@@ -80,6 +87,7 @@ private:
     QHash<QString, QIcon> iconCache_;
     int view_ = 0;
     int headers_ = 0;
+    bool bulk_ = false;
     int alignments_[5] = {0, 0, 0, 0, 0};
     int refreshes_ = 0;
 };
