@@ -229,6 +229,8 @@ TEST(LocalFormats, DatesAttributesAndThePivot) {
     EXPECT_EQ(FormatLocalAttributes(0x1A1), "TRNA");
     EXPECT_EQ(FormatLocalAttributes(0x30), "DA");
     EXPECT_EQ(FormatLocalAttributes(0x30, false), "A");
+    EXPECT_EQ(FormatLocalAttributes(0x14), "SD");
+    EXPECT_EQ(FormatLocalAttributes(0x14, true, true), "DS");
     EXPECT_EQ(PivotIndex(1, 2), 2);
     EXPECT_EQ(PivotIndex(0, 1), 0);
     EXPECT_EQ(PivotIndex(2, 5), 4);

@@ -46,14 +46,17 @@ QString FormatLocalDate(const FILETIME& ftChanged, bool trimDay) {
            ":" + Two(t.wSecond);
 }
 
-QString FormatLocalAttributes(uint32_t a, bool withDirectory) {
-    static const struct {
+QString FormatLocalAttributes(uint32_t a, bool withDirectory, bool directoryBeforeSystem) {
+    struct Letter {
         uint32_t bit;
         char letter;
-    } order[] = {{0x100, 'T'}, {0x1, 'R'}, {0x2, 'H'}, {0x4, 'S'},
-                 {0x80, 'N'},  {0x10, 'D'}, {0x800, 'C'}, {0x20, 'A'}};
+    };
+    static const Letter pane[] = {{0x100, 'T'}, {0x1, 'R'}, {0x2, 'H'}, {0x4, 'S'},
+                                  {0x80, 'N'},  {0x10, 'D'}, {0x800, 'C'}, {0x20, 'A'}};
+    static const Letter afterDelete[] = {{0x100, 'T'}, {0x1, 'R'}, {0x2, 'H'}, {0x10, 'D'},
+                                         {0x4, 'S'},   {0x80, 'N'}, {0x800, 'C'}, {0x20, 'A'}};
     QString s;
-    for (const auto& o : order)
+    for (const Letter& o : directoryBeforeSystem ? afterDelete : pane)
         if ((a & o.bit) && (withDirectory || o.letter != 'D')) s += QLatin1Char(o.letter);
     return s;
 }
@@ -176,7 +179,8 @@ void FillLocalRows(const LocalReaderVariant& variant) {
         const QString type = e.sType.trimmed();
         list.SetSubItem(row, 2, Compare(type, kFolderType, variant.caseSensitive) == 0 ? folderWord : type);
         list.SetSubItem(row, 3, FormatLocalDate(e.ftChanged, variant.trimDay));
-        list.SetSubItem(row, 4, FormatLocalAttributes(uint32_t(e.lAttributes), variant.showDirectoryLetter));
+        list.SetSubItem(row, 4, FormatLocalAttributes(uint32_t(e.lAttributes), variant.showDirectoryLetter,
+                                                      variant.directoryBeforeSystem));
         if (i % 1000 == 0) list.Refresh();
     }
     list.EndBulk();

@@ -23,6 +23,7 @@ struct LocalReaderVariant {
     bool trimDay = false;            // the day of the date text trimmed
     bool dateiFallback = true;       // "TXT-Datei" for an empty type text
     bool dropEmptyAfterLookup = false;  // a 0-byte file is deleted after its type lookup
+    bool directoryBeforeSystem = false;  // "DS" after a delete where the pane shows "SD"
 };
 
 // Entries 0..N-1 and one blank slot behind them.
@@ -36,8 +37,9 @@ void QuickSortLocalFiles(int lLow, int lHigh, bool caseSensitive = false);
 
 // "DD.MM.YYYY HH:MM:SS" of the time as stored (UTC).
 QString FormatLocalDate(const FILETIME& ftChanged, bool trimDay = false);
-// Letters T R H S N D C A for the bits set, in that order.
-QString FormatLocalAttributes(uint32_t lAttributes, bool withDirectory = true);
+// Letters T R H S N D C A for the bits set, in that order (T R H D S N C A
+// with directoryBeforeSystem).
+QString FormatLocalAttributes(uint32_t lAttributes, bool withDirectory = true, bool directoryBeforeSystem = false);
 
 // The list's rows from arrLocalFiles, with a repaint every 1,000 rows.
 void FillLocalRows(const LocalReaderVariant& variant = {});
