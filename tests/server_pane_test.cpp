@@ -131,6 +131,20 @@ TEST_F(ServerPane, ComboChoiceRereadsThatFolderAndObenGoesWhereTheSelectionLeads
     EXPECT_TRUE(boxes.empty());
 }
 
+TEST_F(ServerPane, AServerListingDotAndDotDotGetsTwoMoreFolderRows) {
+    FtpServer server(FtpServer::Kind::PyftpdlibWithDots);
+    server.MakeFolder("sub");
+    server.WriteFile("f.txt", "f");
+    ConnectTo(server);
+    EXPECT_EQ(Rows(), QStringList({"..", ".", "..", "sub", "f.txt"}));
+    EXPECT_EQ(list().SubItem(2, 2), GetLanguageText("MPUB_FOLDER"));
+    // The server's own ".." row leads up like the fixed one.
+    list().DoubleClickRow(4);
+    EXPECT_EQ(GetServerDirectory(), "/sub");
+    list().DoubleClickRow(3);
+    EXPECT_EQ(GetServerDirectory(), "/");
+}
+
 TEST_F(ServerPane, ReadOnlyFolderStandsAmongTheFilesAndAttributesFollowTheListing) {
     FtpServer server(FtpServer::Kind::Vsftpd);
     server.MakeFolder("locked");

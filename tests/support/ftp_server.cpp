@@ -48,25 +48,26 @@ QString FtpServer::root() const {
 }
 
 QString FtpServer::serverRoot() const {
-    return kind_ == Kind::Pyftpdlib ? QStringLiteral("/") : root();
+    return kind_ == Kind::Vsftpd ? root() : QStringLiteral("/");
 }
 
 QString FtpServer::user() const {
-    return kind_ == Kind::Pyftpdlib ? QStringLiteral("test") : QStringLiteral("anonymous");
+    return kind_ == Kind::Vsftpd ? QStringLiteral("anonymous") : QStringLiteral("test");
 }
 
 QString FtpServer::password() const {
-    return kind_ == Kind::Pyftpdlib ? QStringLiteral("secret") : QStringLiteral("guest");
+    return kind_ == Kind::Vsftpd ? QStringLiteral("guest") : QStringLiteral("secret");
 }
 
 bool FtpServer::Start() {
     if (Running()) return true;
     process_ = std::make_unique<QProcess>();
     process_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    if (kind_ == Kind::Pyftpdlib) {
-        process_->start(QStringLiteral("/usr/bin/python3"),
-                        {QStringLiteral(FERRYDOCK_SOURCE_DIR "/tests/support/pyftpdlib_server.py"),
-                         QString::number(port_), root()});
+    if (kind_ != Kind::Vsftpd) {
+        QStringList args{QStringLiteral(FERRYDOCK_SOURCE_DIR "/tests/support/pyftpdlib_server.py"),
+                         QString::number(port_), root()};
+        if (kind_ == Kind::PyftpdlibWithDots) args << QStringLiteral("--dots");
+        process_->start(QStringLiteral("/usr/bin/python3"), args);
     } else {
         const int pasv = PassiveBase(port_);
         const QString conf = dir_->path() + "/vsftpd.conf";

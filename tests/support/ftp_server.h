@@ -15,7 +15,8 @@ class QTemporaryDir;
 
 class FtpServer {
 public:
-    enum class Kind { Pyftpdlib, Vsftpd };
+    // PyftpdlibWithDots: LIST only, and every listing starts with "." and "..".
+    enum class Kind { Pyftpdlib, Vsftpd, PyftpdlibWithDots };
     // readOnly (vsftpd only): every write is refused.
     explicit FtpServer(Kind kind, bool readOnly = false);
     FtpServer(const FtpServer&) = delete;

@@ -1,15 +1,24 @@
 """A pyftpdlib server for the tests: one folder as root, on 127.0.0.1.
 
 Users: test/secret may do everything; reader/secret may only list and read;
-anonymous reads. Usage: pyftpdlib_server.py PORT ROOT
+anonymous reads. With --dots the server offers no MLSD and its LIST starts
+with "." and "..", as some servers' listings do.
+Usage: pyftpdlib_server.py PORT ROOT [--dots]
 """
 import logging
 import sys
 
 from pyftpdlib.authorizers import DummyAuthorizer
+from pyftpdlib.filesystems import AbstractedFS
 from pyftpdlib.handlers import FTPHandler
 from pyftpdlib.log import config_logging
 from pyftpdlib.servers import FTPServer
+
+
+class DotsFS(AbstractedFS):
+    def format_list(self, basedir, listing, ignore_err=True):
+        yield from super().format_list(basedir, [".", ".."], ignore_err)
+        yield from super().format_list(basedir, listing, ignore_err)
 
 
 def main():
@@ -23,6 +32,9 @@ def main():
     handler.authorizer = auth
     handler.banner = "ferrydock test server"
     handler.permit_foreign_addresses = True
+    if "--dots" in sys.argv[3:]:
+        handler.abstracted_fs = DotsFS
+        handler.proto_cmds = {k: v for k, v in FTPHandler.proto_cmds.items() if k not in ("MLSD", "MLST")}
     server = FTPServer(("127.0.0.1", port), handler)
     server.max_cons = 64
     print("ready", flush=True)
