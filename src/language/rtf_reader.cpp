@@ -2,6 +2,8 @@
 
 #include <QFile>
 #include <QTextEdit>
+#include <cctype>
+#include <cstring>
 #include <vector>
 
 namespace {
@@ -13,6 +15,11 @@ struct State {
     bool skip = false;  // inside a destination that isn't text
     int ucSkip = 1;
 };
+
+// RTF paragraphs have no spacing of their own; HTML's would double every gap.
+const QString kParagraph = QStringLiteral("<p style=\"margin-top:0px; margin-bottom:0px;\">");
+const QString kEmptyParagraph =
+    QStringLiteral("<p style=\"-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px;\"><br/></p>");
 
 QString Escape(QChar c) {
     switch (c.unicode()) {
@@ -36,7 +43,7 @@ public:
             State& s = stack.back();
             if (s.skip || text.isEmpty()) return;
             if (!paragraphOpen) {
-                html += QStringLiteral("<p>");
+                html += kParagraph;
                 paragraphOpen = true;
             }
             QString style = QStringLiteral("font-size:%1pt;").arg(s.halfPoints / 2.0);
@@ -45,6 +52,11 @@ public:
             if (s.underline) style += QStringLiteral("text-decoration:underline;");
             if (s.colour > 0 && s.colour < int(colours_.size())) style += "color:" + colours_[size_t(s.colour)] + ";";
             html += "<span style=\"" + style + "\">" + text + "</span>";
+        };
+        // An empty \par still takes a line, as it does in a word processor.
+        const auto endParagraph = [&] {
+            html += paragraphOpen ? QStringLiteral("</p>") : kEmptyParagraph;
+            paragraphOpen = false;
         };
         QString run;
         const auto flush = [&] {
@@ -59,6 +71,7 @@ public:
                 if (Peek("\\*")) stack.back().skip = true;
             } else if (c == '}') {
                 flush();
+                pendingSkip = 0;  // a \u fallback never reaches past its group
                 if (stack.size() > 1) stack.pop_back();
             } else if (c == '\\') {
                 if (pos_ >= in_.size()) break;
@@ -68,16 +81,22 @@ public:
                     if (pendingSkip > 0) --pendingSkip; else run += Escape(QChar(n));
                 } else if (n == '\'') {
                     pos_++;
-                    const int v = QByteArray(in_.mid(pos_, 2)).toInt(nullptr, 16);
+                    bool ok = false;
+                    const int v = QByteArray(in_.mid(pos_, 2)).toInt(&ok, 16);
                     pos_ += 2;
                     if (pendingSkip > 0) { --pendingSkip; continue; }
-                    run += Escape(v >= 0x80 && v <= 0x9F ? Cp1252(uint8_t(v)) : QChar(char16_t(v)));
+                    if (ok && v > 0) run += Escape(FromCp1252(uint8_t(v)));
                 } else if (n == '*') {
                     ++pos_;
                     stack.back().skip = true;
+                } else if (n == '\r' || n == '\n') {
+                    ++pos_;  // a backslash before a line break is a paragraph
+                    flush();
+                    if (!stack.back().skip) endParagraph();
                 } else if (!isalpha(uchar(n))) {
                     ++pos_;  // control symbols such as \~ or \-
                     if (n == '~') run += QStringLiteral("&nbsp;");
+                    if (n == '_') run += QChar(0x2011);
                 } else {
                     QByteArray word;
                     while (pos_ < in_.size() && isalpha(uchar(in_[pos_]))) word += in_[pos_++];
@@ -97,8 +116,7 @@ public:
                         if (word == "line") {
                             if (!s.skip) html += QStringLiteral("<br/>");
                         } else if (!s.skip) {
-                            html += paragraphOpen ? QStringLiteral("</p>") : QStringLiteral("<p>&nbsp;</p>");
-                            paragraphOpen = false;
+                            endParagraph();
                         }
                     } else if (word == "b" || word == "i" || word == "ul" || word == "ulnone" || word == "fs" ||
                                word == "cf" || word == "plain") {
@@ -137,7 +155,7 @@ public:
                 continue;
             } else {
                 if (pendingSkip > 0) { --pendingSkip; continue; }
-                run += Escape(QChar(uchar(c)));
+                run += Escape(FromCp1252(uchar(c)));
             }
         }
         flush();
@@ -148,7 +166,9 @@ public:
 private:
     bool Peek(const char* s) const { return in_.mid(pos_, qsizetype(strlen(s))) == s; }
 
-    static QChar Cp1252(uint8_t v) {
+    // The file declares \ansicpg1252; it differs from Latin-1 only in 0x80..0x9F.
+    static QChar FromCp1252(uint8_t v) {
+        if (v < 0x80 || v > 0x9F) return QChar(char16_t(v));
         static const char16_t table[32] = {0x20AC, 0x81, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                            0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D, 0x017D, 0x8F,
                                            0x90, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
