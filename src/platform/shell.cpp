@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMimeDatabase>
 #include <QPainter>
 #include <QPixmap>
@@ -13,53 +14,97 @@
 #undef signals
 #include <gio/gio.h>
 #pragma pop_macro("signals")
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-QIcon ThemeIconFor(const QMimeType& type) {
-    for (const QString& name : {type.iconName(), type.genericIconName()}) {
-        if (name.isEmpty()) continue;
-        const QIcon icon = QIcon::fromTheme(name);
-        if (!icon.isNull()) return icon;
+constexpr uint32_t kFolderAttribute = 16;
+// szTypeName is a field of 80 characters with its NUL.
+constexpr int kTypeNameChars = 79;
+
+// The last component of a Windows-form path: the type goes by name only.
+QString FileName(const QString& path) {
+    const qsizetype cut = std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/'));
+    return path.mid(cut + 1);
+}
+
+// A shell icon has one size; the theme may give another, so fit it.
+QPixmap Exactly(const QPixmap& pm, int size) {
+    if (pm.isNull() || (pm.width() == size && pm.height() == size)) return pm;
+    QPixmap out(size, size);
+    out.fill(Qt::transparent);
+    // Keep the proportions, centred.
+    const qreal k = std::min(qreal(size) / pm.width(), qreal(size) / pm.height());
+    const QSizeF fit(pm.width() * k, pm.height() * k);
+    QPainter p(&out);
+    p.setRenderHint(QPainter::SmoothPixmapTransform);
+    p.drawPixmap(QRectF(QPointF((size - fit.width()) / 2, (size - fit.height()) / 2), fit), pm, QRectF(pm.rect()));
+    return out;
+}
+
+QPixmap ThemePixmap(const QMimeType& type, int size) {
+    QStringList names{type.iconName(), type.genericIconName()};
+    names << (type.inherits(QStringLiteral("text/plain")) ? QStringLiteral("text-x-generic")
+                                                          : QStringLiteral("application-x-generic"));
+    for (const QString& name : names) {
+        if (name.isEmpty() || !QIcon::hasThemeIcon(name)) continue;
+        const QPixmap pm = QIcon::fromTheme(name).pixmap(QSize(size, size), 1.0);
+        if (!pm.isNull()) return Exactly(pm, size);
     }
     return {};
 }
 
+// Theme lookups are cached by Qt itself, so nothing is kept here; that also
+// lets a theme change show at the next list.
+QIcon IconFor(const QMimeType& type, bool folder, int size) {
+    QPixmap pm = ThemePixmap(type, size);
+    if (pm.isNull()) {
+        const QString own = folder ? QStringLiteral("folder")
+                            : type.isDefault() ? QStringLiteral("unknown")
+                                               : QStringLiteral("file");
+        pm = shell::BundledIcon(own).pixmap(QSize(size, size), 1.0);
+    }
+    QIcon icon;
+    if (!pm.isNull()) icon.addPixmap(Exactly(pm, size));
+    return icon;
+}
+
 }  // namespace
 
-bool SHGetFileInfoA(const QString& path, uint32_t, SHFILEINFO& info, uint32_t flags) {
+bool SHGetFileInfoA(const QString& path, uint32_t fileAttributes, SHFILEINFO& info, uint32_t flags) {
     info = SHFILEINFO{};
     if (path.isEmpty()) return false;
     shell::EnsureIconTheme();
     static const QMimeDatabase db;
     const QString posix = localfs::ToPosix(path);
-    const bool folder = QFileInfo(posix).isDir();
+    const bool folder = (fileAttributes & kFolderAttribute) || (!posix.isEmpty() && QFileInfo(posix).isDir());
+    const QString name = FileName(path);
     const QMimeType type = folder ? db.mimeTypeForName(QStringLiteral("inode/directory"))
-                                  : db.mimeTypeForFile(posix, QMimeDatabase::MatchExtension);
-    info.szDisplayName = posix.section('/', -1);
-    if (flags & SHGFI_TYPENAME) info.szTypeName = type.isDefault() ? QString() : type.comment();
-    if (flags & SHGFI_ICON) {
-        QIcon icon = ThemeIconFor(type);
-        if (icon.isNull()) icon = shell::BundledIcon(folder ? QStringLiteral("folder") : QStringLiteral("file"));
-        info.hIcon = icon;
-    }
+                                  : db.mimeTypeForFile(name, QMimeDatabase::MatchExtension);
+    info.szDisplayName = name;
+    if (flags & SHGFI_TYPENAME) info.szTypeName = type.isDefault() ? QString() : type.comment().left(kTypeNameChars);
+    if (flags & SHGFI_ICON) info.hIcon = IconFor(type, folder, (flags & SHGFI_SMALLICON) ? 16 : 32);
     return true;
 }
 
 QString FindExecutableA(const QString& file) {
-    const QByteArray name = QFile::encodeName(localfs::ToPosix(file));
+    const QString name = FileName(file);
+    if (name.isEmpty()) return {};
+    const QByteArray bytes = QFile::encodeName(name);
     gboolean uncertain = FALSE;
-    gchar* type = g_content_type_guess(name.constData(), nullptr, 0, &uncertain);
+    gchar* type = g_content_type_guess(bytes.constData(), nullptr, 0, &uncertain);
     if (!type) return {};
     GAppInfo* app = g_app_info_get_default_for_type(type, FALSE);
     g_free(type);
     if (!app) return {};
     QString result;
-    if (const char* exe = g_app_info_get_executable(app)) {
+    if (const char* exe = g_app_info_get_executable(app); exe && *exe) {
         gchar* full = g_find_program_in_path(exe);
-        if (full) result = QString::fromLocal8Bit(full);
+        if (full) result = QFile::decodeName(full);
         g_free(full);
     }
     g_object_unref(app);
@@ -74,15 +119,16 @@ QStringList TempFolderCandidates() {
     for (const QString& base : {cache, QStringLiteral("/tmp"), QStringLiteral("/var/tmp")}) {
         if (base.isEmpty()) continue;
         const QString folder = localfs::ToWindows(QDir::cleanPath(base + QStringLiteral("/tempqorvn")));
-        if (!out.contains(folder)) out << folder;
+        if (!folder.isEmpty() && !out.contains(folder)) out << folder;
     }
     return out;
 }
 
 bool TempFolderIsSafe(const QString& windowsFolder) {
+    const QString posix = localfs::ToPosix(windowsFolder);
+    if (posix.isEmpty()) return false;
     struct stat st;
-    const QByteArray p = QFile::encodeName(localfs::ToPosix(windowsFolder));
-    if (lstat(p.constData(), &st) != 0) return true;  // not there yet: ours to make
+    if (lstat(QFile::encodeName(posix).constData(), &st) != 0) return errno == ENOENT;  // ours to make
     return S_ISDIR(st.st_mode) && st.st_uid == geteuid();
 }
 
@@ -90,7 +136,16 @@ bool MakeTempFolder(const QString& windowsFolder) {
     if (!TempFolderIsSafe(windowsFolder)) return false;
     const QByteArray p = QFile::encodeName(localfs::ToPosix(windowsFolder));
     if (mkdir(p.constData(), 0700) != 0 && errno != EEXIST) return false;
-    return TempFolderIsSafe(windowsFolder);
+    // The umask may have taken bits off, or a folder of ours was there with a
+    // looser mode; set it through a handle that refuses links, so a link put
+    // in its place meanwhile is never followed.
+    const int fd = open(p.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (fd < 0) return false;
+    struct stat st;
+    bool ok = fstat(fd, &st) == 0 && S_ISDIR(st.st_mode) && st.st_uid == geteuid();
+    if (ok && (st.st_mode & 07777) != 0700) ok = fchmod(fd, 0700) == 0;
+    close(fd);
+    return ok;
 }
 
 void EnsureIconTheme() {
@@ -101,6 +156,8 @@ void EnsureIconTheme() {
     for (const QString& p : {QStringLiteral("/usr/share/icons"), QStringLiteral("/usr/local/share/icons")})
         if (!paths.contains(p)) paths << p;
     QIcon::setThemeSearchPaths(paths);
+    // A desktop's own theme stays; without one (offscreen, bare sessions)
+    // Adwaita stands in, with hicolor behind any theme.
     if (QIcon::themeName().isEmpty() || QIcon::themeName() == QLatin1String("hicolor"))
         QIcon::setThemeName(QStringLiteral("Adwaita"));
     QIcon::setFallbackThemeName(QStringLiteral("hicolor"));
