@@ -1,22 +1,28 @@
 // Time from RefreshServer to a filled server list for a folder of 20,000
-// entries on a local vsftpd, against curl fetching the same listing.
+// entries on a local vsftpd, against curl fetching the same listing (a full
+// LIST) in the same run.
 // Two folders: one whose 1,000 subfolders have names of their own (each
 // new "extension" costs the type-and-icon step with its dummy files), one
 // whose subfolders share an extension.
 #include "frame/mPublic.h"
+#include "platform/wininet.h"
 #include "server/frmServer.h"
 #include "server/serverListing.h"
 #include "server/serverRefresh.h"
+#include "server/typeIcons.h"
 #include "support/bench_frame.h"
 #include "support/ftp_server.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <algorithm>
 #include <cstdio>
+#include <vector>
 
 namespace {
 constexpr int kEntries = 20000;
+constexpr int kRounds = 5;
 
 void MakeFolder(const FtpServer& server, const QString& name, const QString& folderSuffix) {
     QDir().mkpath(server.root() + "/" + name);
@@ -31,10 +37,29 @@ void MakeFolder(const FtpServer& server, const QString& name, const QString& fol
     }
 }
 
-double Seconds(QElapsedTimer& t) {
-    const double s = double(t.nsecsElapsed()) / 1e9;
-    t.restart();
-    return s;
+template <typename F>
+double Best(F&& run) {
+    double best = 1e9;
+    for (int i = 0; i < kRounds; ++i) {
+        QElapsedTimer t;
+        t.start();
+        run();
+        best = std::min(best, double(t.nsecsElapsed()) / 1e9);
+    }
+    return best;
+}
+
+// The platform's listing alone: what any client pays for the bytes.
+int BareFind() {
+    WIN32_FIND_DATA d;
+    int n = 0;
+    const HINTERNET h = FtpFindFirstFileA(hConnection, "*.*", d, 0, 0);
+    if (h != 0) {
+        ++n;
+        while (InternetFindNextFileA(h, d)) ++n;
+    }
+    InternetCloseHandle(h);
+    return n;
 }
 }  // namespace
 
@@ -47,27 +72,40 @@ int main(int argc, char** argv) {
     StartBenchFrame();
     if (!ConnectBenchFrame(server)) return 1;
 
-    std::printf("| folder | RefreshServer, new path (two reads) | RefreshServer | of which the read | curl, bare listing | ratio |\n");
-    std::printf("|---|---|---|---|---|---|\n");
+    std::printf("best of %d, seconds, %d entries per folder\n\n", kRounds, kEntries);
+    std::printf("| folder | curl LIST | bare find | ReadServerDirectory | RefreshServer | new path (two reads) | "
+                "RefreshServer / curl |\n");
+    std::printf("|---|---|---|---|---|---|---|\n");
     bool ok = true;
+    bool fast = true;
     for (const QString name : {"named", "shared"}) {
         const QString url = QString("ftp://127.0.0.1:%1/%2/").arg(server.port()).arg(name);
-        const double curl = TimeCommand("curl", {"-s", "-o", "/dev/null", "--user", "anonymous:x", url});
+        bool curlOk = true;
+        const double curl = Best([&] {
+            curlOk = curlOk && TimeCommand("curl", {"-s", "-o", "/dev/null", "--user", "anonymous:x", url}) >= 0;
+        });
         SetServerDirectory(server.root() + "/" + name);
-        QElapsedTimer t;
-        t.start();
-        RefreshServer(hConnection);
-        const double first = Seconds(t);
-        RefreshServer(hConnection);
-        const double steady = Seconds(t);
-        ok = ok && frmServer().lsvServer->Count() == kEntries + 1;
-        ResetServerFiles();
-        ReadServerDirectory("*.*", hConnection);
-        const double read = Seconds(t);
-        std::printf("| %s | %.3f | %.3f | %.3f | %.3f | %.2fx |\n", qPrintable(name), first, steady, read, curl,
-                    curl > 0 ? steady / curl : 0.0);
+        int found = 0;
+        const double bare = Best([&] { found = BareFind(); });
+        const double read = Best([&] {
+            ResetServerFiles();
+            ReadServerDirectory("*.*", hConnection);
+        });
+        const double refresh = Best([&] { RefreshServer(hConnection); });
+        ok = ok && curlOk && found == kEntries && frmServer().lsvServer->Count() == kEntries + 1;
+        // A path the combo doesn't hold yet: the combo's own refresh reads
+        // the folder a second time.
+        const double first = Best([&] {
+            frmServer().cboServer->Clear();
+            SetServerDirectory(server.root() + "/" + name);
+            RefreshServer(hConnection);
+        });
+        fast = fast && refresh <= 1.5 * curl && refresh < 1.0;
+        std::printf("| %s | %.3f | %.3f | %.3f | %.3f | %.3f | %.2fx |\n", qPrintable(name), curl, bare, read,
+                    refresh, first, curl > 0 ? refresh / curl : 0.0);
     }
-    std::printf("\ntarget: RefreshServer within 1.5x curl and below 1 s; rows %s\n", ok ? "complete" : "MISSING");
+    std::printf("\ntarget: RefreshServer within 1.5x curl and below 1 s: %s; rows %s\n", fast ? "met" : "MISSED",
+                ok ? "complete" : "MISSING");
     std::printf("peak memory: %.1f MiB\n", PeakMemoryMiB());
     return ok ? 0 : 1;
 }

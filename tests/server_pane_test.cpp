@@ -14,11 +14,13 @@
 #include "server/serverRefresh.h"
 #include "server/typeIcons.h"
 
+#include <QDateTime>
 #include <QDir>
-#include <QRegularExpression>
-#include <QSet>
 #include <QFile>
+#include <QSet>
 #include <QStringList>
+#include <QTemporaryDir>
+#include <QTimeZone>
 
 namespace {
 
@@ -46,13 +48,24 @@ TEST_F(ServerPane, ConnectShowsDotDotThenFoldersThenFilesWithTheirColumns) {
     server.MakeFolder("alpha");
     server.WriteFile("empty.bin", QByteArray());
     server.MakeFolder("beta");
+    {
+        // Sparse: 2 GiB of nothing, whose low size word reads negative.
+        QFile big(server.root() + "/big.iso");
+        ASSERT_TRUE(big.open(QIODevice::WriteOnly) && big.resize(qint64(2147483648LL)));
+    }
+    // Recent enough that a LIST line carries the time of day too.
+    const QDateTime stamp(QDate::currentDate().addDays(-10), QTime(7, 4, 31), QTimeZone::utc());
+    QFile stamped(server.root() + "/x.txt");
+    ASSERT_TRUE(stamped.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(stamped.setFileTime(stamp, QFileDevice::FileModificationTime));
+    stamped.close();
     ConnectTo(server);
 
     const QStringList rows = Rows();
-    ASSERT_EQ(rows.size(), 5);
+    ASSERT_EQ(rows.size(), 6);
     EXPECT_EQ(rows[0], "..");
     EXPECT_EQ(QSet<QString>({rows[1], rows[2]}), QSet<QString>({"alpha", "beta"}));
-    EXPECT_EQ(QSet<QString>({rows[3], rows[4]}), QSet<QString>({"x.txt", "empty.bin"}));
+    EXPECT_EQ(QSet<QString>({rows[3], rows[4], rows[5]}), QSet<QString>({"x.txt", "empty.bin", "big.iso"}));
     for (int sub = 1; sub <= 4; ++sub) EXPECT_EQ(list().SubItem(1, sub), "");
 
     const int folder = RowOf("alpha");
@@ -66,9 +79,12 @@ TEST_F(ServerPane, ConnectShowsDotDotThenFoldersThenFilesWithTheirColumns) {
     EXPECT_FALSE(list().SubItem(text, 2).isEmpty());
     EXPECT_EQ(list().SubItem(text, 4), "N");
     EXPECT_EQ(list().IconKey(text), "ztxt");
+    EXPECT_EQ(list().SubItem(text, 3), stamp.toString("dd.MM.yyyy 07:04"));  // as the server states it
     EXPECT_EQ(list().SubItem(RowOf("empty.bin"), 1), "1 KB");
-    const QRegularExpression date("^\\d\\d\\.\\d\\d\\.\\d{4} \\d\\d:\\d\\d$");
-    EXPECT_TRUE(date.match(list().SubItem(text, 3)).hasMatch()) << list().SubItem(text, 3).toStdString();
+    EXPECT_EQ(list().SubItem(RowOf("big.iso"), 1), "-2097152 KB");
+    // The reader keys a folder by its name; only its row uses the folder picture.
+    for (int i = 0; i < UBoundServerFiles(); ++i)
+        if (arrServerFiles[size_t(i)].sName == "alpha") EXPECT_EQ(arrServerFiles[size_t(i)].sExtension, "zalpha");
 
     EXPECT_EQ(ComboItems(), QStringList({"/"}));
     EXPECT_EQ(combo().ListIndex(), 0);
@@ -131,6 +147,30 @@ TEST_F(ServerPane, ComboChoiceRereadsThatFolderAndObenGoesWhereTheSelectionLeads
     EXPECT_TRUE(boxes.empty());
 }
 
+TEST_F(ServerPane, AFirstVisitReadsTwiceThroughTheComboWhileF5AndAComboChoiceReadOnce) {
+    FtpServer server(FtpServer::Kind::Pyftpdlib);
+    server.WriteFile("d/only.txt", "x");
+    ConnectTo(server);
+    // One extension in the folder: one type lookup per read of it.
+    int before = ShellTypeLookups();
+    list().DoubleClickRow(RowOf("d"));
+    EXPECT_EQ(ShellTypeLookups() - before, 2);
+    EXPECT_EQ(Rows(), QStringList({"..", "only.txt"}));
+
+    before = ShellTypeLookups();
+    int key = 116;  // F5
+    frmServer().lsvServer_KeyDown(key, 0);
+    EXPECT_EQ(ShellTypeLookups() - before, 1);
+    EXPECT_EQ(MousePointer(), 0);
+
+    combo().SetListIndex(0);
+    before = ShellTypeLookups();
+    combo().SetListIndex(1);
+    EXPECT_EQ(ShellTypeLookups() - before, 1);
+    EXPECT_EQ(GetServerDirectory(), "/d");
+    EXPECT_EQ(ComboItems(), QStringList({"/", "/d"}));
+}
+
 TEST_F(ServerPane, AServerListingDotAndDotDotGetsTwoMoreFolderRows) {
     FtpServer server(FtpServer::Kind::PyftpdlibWithDots);
     server.MakeFolder("sub");
@@ -152,6 +192,8 @@ TEST_F(ServerPane, ReadOnlyFolderStandsAmongTheFilesAndAttributesFollowTheListin
                                                           QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther);
     server.MakeFolder("open");
     server.WriteFile("note.txt", "n");
+    server.WriteFile("fixed.txt", "f");
+    QFile::setPermissions(server.root() + "/fixed.txt", QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
     ConnectTo(server);
     ASSERT_TRUE(SetServerDirectory(server.root()));
     frmServer().RefreshServer(hConnection);
@@ -161,6 +203,9 @@ TEST_F(ServerPane, ReadOnlyFolderStandsAmongTheFilesAndAttributesFollowTheListin
     ASSERT_GT(locked, 2);  // after the folders, among the files
     EXPECT_EQ(list().SubItem(locked, 1), "4 KB");
     EXPECT_EQ(list().SubItem(locked, 4), "RD");
+    EXPECT_FALSE(list().SubItem(locked, 2).isEmpty());
+    EXPECT_EQ(list().SubItem(RowOf("note.txt"), 4), "N");
+    EXPECT_EQ(list().SubItem(RowOf("fixed.txt"), 4), "RN");
     // A double click on it goes by the size text and stays put.
     list().DoubleClickRow(locked);
     EXPECT_EQ(GetServerDirectory(), server.root());
@@ -196,6 +241,41 @@ TEST_F(ServerPane, TypeTextsAreAskedOncePerExtensionAndFixedTypesGetNumberedKeys
     }
     keys.sort();
     EXPECT_EQ(keys, QStringList({"zexe0", "zexe1"}));
+
+    // The numbers restart with every read.
+    frmServer().RefreshServer(hConnection);
+    keys.clear();
+    for (const char* name : {"one.exe", "two.exe"}) keys << list().IconKey(RowOf(name));
+    keys.sort();
+    EXPECT_EQ(keys, QStringList({"zexe0", "zexe1"}));
+}
+
+TEST_F(ServerPane, FixedTypesShortcutsIconsCursorsAndASingleEntry) {
+    FtpServer server(FtpServer::Kind::Pyftpdlib);
+    for (const char* name : {"shortcut.lnk", "x.ico", "y.cur"}) server.WriteFile(QString("fixed/") + name, "x");
+    server.WriteFile("single/archive.tar.GZ", "x");
+    ConnectTo(server);
+
+    SetServerDirectory("fixed");
+    frmServer().RefreshServer(hConnection);
+    EXPECT_EQ(list().SubItem(RowOf("shortcut.lnk"), 2), "Verknüpfung");
+    EXPECT_EQ(list().SubItem(RowOf("x.ico"), 2), "Symbol");
+    EXPECT_EQ(list().SubItem(RowOf("y.cur"), 2), "Cursor");
+    // One counter for all four extensions.
+    QStringList keys;
+    for (const char* name : {"shortcut.lnk", "x.ico", "y.cur"}) keys << list().IconKey(RowOf(name)).right(1);
+    keys.sort();
+    EXPECT_EQ(keys, QStringList({"0", "1", "2"}));
+
+    SetServerDirectory("/single");
+    ResetServerFiles();
+    ReadServerDirectory("*.*", hConnection);
+    ASSERT_EQ(UBoundServerFiles(), 1);
+    EXPECT_EQ(arrServerFiles[0].sName, "archive.tar.GZ");
+    EXPECT_EQ(arrServerFiles[0].sExtension, "zgz");
+    EXPECT_EQ(arrServerFiles[0].sAttributes, "128");
+    EXPECT_EQ(arrServerFiles[0].sSize, "1 KB");
+    EXPECT_TRUE(arrServerFiles[1].sName.isEmpty());  // the spare element
 }
 
 TEST_F(ServerPane, ExtensionsWithoutATypeTextGetTheFallbacksButTheFirstEntryDoesNot) {
@@ -220,6 +300,22 @@ TEST_F(ServerPane, ExtensionsWithoutATypeTextGetTheFallbacksButTheFirstEntryDoes
         else
             EXPECT_EQ(f.sType, ext.toUpper() + "-Datei");
     }
+}
+
+TEST_F(ServerPane, TheTypeCacheIsSearchedAsTextSoAKeyInsideAnOddPairIsFound) {
+    FtpServer server(FtpServer::Kind::Vsftpd);  // lists in name order
+    server.WriteFile("s.a|zqqb", "1");  // key "za|zqqb", type text empty
+    server.WriteFile("u.qqb", "2");     // "|zqqb=" stands inside that pair
+    ConnectTo(server);
+    ASSERT_TRUE(SetServerDirectory(server.root()));
+    ResetServerFiles();
+    const int before = ShellTypeLookups();
+    ReadServerDirectory("*.*", hConnection);
+    ASSERT_EQ(UBoundServerFiles(), 2);
+    EXPECT_EQ(ShellTypeLookups() - before, 1);
+    EXPECT_EQ(arrServerFiles[0].sExtension, "za|zqqb");
+    EXPECT_EQ(arrServerFiles[1].sName, "u.qqb");
+    EXPECT_EQ(arrServerFiles[1].sType, "QQB-" + GetLanguageText("DATEI"));
 }
 
 TEST_F(ServerPane, NoDummyFileIsLeftBehindByARead) {
@@ -256,12 +352,35 @@ TEST_F(ServerPane, ViewsKeepTheRowsAndCommandsWithoutAConnectionSaySo) {
     frmServer().tlbServerRechts->Press("drei");
     EXPECT_EQ(list().View(), 2);
     EXPECT_EQ(boxes.size(), 1u);  // the view buttons need no connection
+    EXPECT_EQ(frmServer().tlbServerRechts->Button(1)->description, GetLanguageText("FRMSERVER_BIG"));
+    EXPECT_EQ(frmServer().tlbServerRechts->Button(2)->description, "");
+}
+
+TEST_F(ServerPane, AViewChangeKeepsTheRowsAndTheSelection) {
+    FtpServer server(FtpServer::Kind::Pyftpdlib);
+    server.WriteFile("a.txt", "a");
+    server.WriteFile("b.txt", "b");
+    ConnectTo(server);
+    const QStringList before = Rows();
+    list().SetSelected(1, false);
+    list().SetSelected(RowOf("b.txt"), true);
+    for (const char* key : {"eins", "zwei", "drei", "vier"}) {
+        frmServer().tlbServerRechts->Press(key);
+        EXPECT_EQ(Rows(), before);
+        EXPECT_TRUE(list().Selected(RowOf("b.txt"))) << key;
+        EXPECT_FALSE(list().Selected(1)) << key;
+    }
 }
 
 TEST_F(ServerPane, MoreFoldersThanTheTableHoldsHaveTwoDifferentOutcomes) {
     FtpServer server(FtpServer::Kind::Vsftpd);
+    // Ten thousand folders cost seconds to make and remove on a disk; in
+    // memory, where there is such a place, they cost nothing.
+    QTemporaryDir memory(QDir("/dev/shm").exists() ? "/dev/shm/ferrydock-XXXXXX" : QDir::tempPath() + "/fd-XXXXXX");
+    ASSERT_TRUE(memory.isValid());
+    ASSERT_TRUE(QFile::link(memory.path(), server.root() + "/many"));
     for (int i = 0; i < kFolderTableRows + 4; ++i)
-        QDir().mkpath(server.root() + QString("/many/f%1.d").arg(i, 5, 10, QChar('0')));
+        QDir().mkpath(memory.path() + QString("/f%1.d").arg(i, 5, 10, QChar('0')));
     server.WriteFile("many/zz.txt", "z");
     ConnectTo(server);
     ASSERT_TRUE(SetServerDirectory(server.root() + "/many"));
@@ -275,7 +394,11 @@ TEST_F(ServerPane, MoreFoldersThanTheTableHoldsHaveTwoDifferentOutcomes) {
     // folders the table holds, and the file.
     frmServer().RefreshServer(hConnection);
     EXPECT_EQ(list().Count(), 1 + kFolderTableRows + 1);
+    EXPECT_EQ(list().Text(kFolderTableRows + 1), "f10000.d");
+    EXPECT_EQ(list().SubItem(kFolderTableRows + 1, 2), GetLanguageText("MPUB_FOLDER"));
     EXPECT_EQ(list().Text(list().Count()), "zz.txt");
+    EXPECT_EQ(list().SubItem(list().Count(), 1), "1 KB");
+    QFile::remove(server.root() + "/many");
 }
 
 TEST(ServerFormatters, SizesDatesAttributesAndExtensions) {

@@ -1,6 +1,7 @@
 #include "server/formatters.h"
 
 #include <cmath>
+#include <cstdio>
 
 QString GetExtension(const QString& sFileName) {
     const qsizetype dot = sFileName.lastIndexOf('.');
@@ -10,18 +11,18 @@ QString GetExtension(const QString& sFileName) {
 QString FormatSizeKB(int32_t lFileSizeLow) {
     long long kb = std::llrint(double(lFileSizeLow) / 1024.0);  // half to even
     if (kb == 0) kb = 1;
-    return QString::number(kb) + " KB";
+    char text[32];
+    const int n = std::snprintf(text, sizeof text, "%lld KB", kb);
+    return QString::fromLatin1(text, n);
 }
 
-namespace {
-QString Two(int v) {
-    return v < 10 ? "0" + QString::number(v) : QString::number(v);
-}
-}  // namespace
-
+// Day, month, hour and minute with a "0" in front of one digit; the year as
+// it is. One buffer: a listing formats this for every entry.
 QString FormatServerDate(const SYSTEMTIME& t) {
-    return Two(t.wDay) + "." + Two(t.wMonth) + "." + QString::number(t.wYear) + " " + Two(t.wHour) + ":" +
-           Two(t.wMinute);
+    char text[48];
+    const int n = std::snprintf(text, sizeof text, "%02u.%02u.%u %02u:%02u", unsigned(t.wDay), unsigned(t.wMonth),
+                                unsigned(t.wYear), unsigned(t.wHour), unsigned(t.wMinute));
+    return QString::fromLatin1(text, n);
 }
 
 QString FormatAttributes(uint32_t a) {

@@ -63,13 +63,16 @@ void FrmServer::Form_Load() {
     const struct {
         const char* key;
         const char* tip;
-    } views[] = {{"eins", "FRMSERVER_BIG"}, {"zwei", "FRMSERVER_SMALL"}, {"drei", "FRMSERVER_LIST"},
-                 {"vier", "FRMSERVER_DETAIL"}};
+        bool description;
+    } views[] = {{"eins", "FRMSERVER_BIG", true},
+                 {"zwei", "FRMSERVER_SMALL", false},
+                 {"drei", "FRMSERVER_LIST", false},
+                 {"vier", "FRMSERVER_DETAIL", false}};
     image = 1;
     for (const auto& v : views) {
         auto& button = tlbServerRechts->AddButton(v.key, image++);
         button.SetToolTipText(GetLanguageText(v.tip));
-        if (image == 2) button.description = button.ToolTipText();
+        if (v.description) button.description = button.ToolTipText();
     }
 }
 
@@ -129,7 +132,9 @@ void FrmServer::tlbServerLinks_ButtonClick(const QString& key) {
     }
     if (key == "oben") {
         // Goes where the selected row leads: normally "..", one level up.
-        SetServerDirectory(lsvServer->Text(lsvServer->SelectedIndex()));
+        // Without a selected item (an empty list) there is nothing to pass.
+        if (const int selected = lsvServer->SelectedIndex(); selected != 0)
+            SetServerDirectory(lsvServer->Text(selected));
         SelectServerPath(GetServerDirectory());
         RefreshServer(hConnection);
     } else if (key == "actualize") {

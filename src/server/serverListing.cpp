@@ -9,11 +9,20 @@
 std::vector<tServerFile> arrServerFiles(1);
 
 namespace {
-void Fill(tServerFile& f, const WIN32_FIND_DATA& d, const QString& sType, const QString& sKey) {
-    f.sName = d.cFileName;
+// The name as the record holds it: the text in front of its first NUL.
+QString CutName(const QString& cFileName) {
+    const qsizetype nul = cFileName.indexOf(QChar(0));
+    return nul < 0 ? cFileName : cFileName.left(nul);
+}
+
+// `st` lives for the whole read: a time that can't be converted shows the
+// one converted before.
+void Fill(tServerFile& f, const WIN32_FIND_DATA& d, SYSTEMTIME& st, const QString& sName, const QString& sType,
+          const QString& sKey) {
+    f.sName = sName;
     f.sAttributes = QString::number(d.dwFileAttributes);
-    SYSTEMTIME st;
-    if (FileTimeToSystemTime(d.ftLastWriteTime, st)) f.sDate = FormatServerDate(st);
+    FileTimeToSystemTime(d.ftLastWriteTime, st);
+    f.sDate = FormatServerDate(st);
     f.sType = sType;
     f.sSize = FormatSizeKB(int32_t(d.nFileSizeLow));
     f.sExtension = sKey;
@@ -37,20 +46,26 @@ void ReadServerDirectory(const QString& sPattern, HINTERNET& hConnection) {
 
     // The first entry never gets the "DATEI" text nor the "-Datei" fallback;
     // the two halves stay apart on purpose.
+    SYSTEMTIME st;
     QString sType, sKey;
-    cache.Step(data.cFileName, false, sType, sKey);
-    if (arrServerFiles.empty()) arrServerFiles.resize(1);
+    QString sName = CutName(data.cFileName);
+    cache.Step(sName, false, sType, sKey);
     arrServerFiles.resize(2);
-    Fill(arrServerFiles[0], data, sType, sKey);
+    Fill(arrServerFiles[0], data, st, sName, sType, sKey);
 
+    QString sDatei;  // the catalogue's word, asked for once a read
     for (;;) {
-        data = WIN32_FIND_DATA{};
+        data.cFileName.clear();
         if (!InternetFindNextFileA(hFind, data)) break;
-        cache.Step(data.cFileName, true, sType, sKey);
+        sName = CutName(data.cFileName);
+        cache.Step(sName, true, sType, sKey);
         const size_t u = arrServerFiles.size() - 1;
         arrServerFiles.resize(u + 2);
-        if (sType.isEmpty()) sType = sKey.right(3).toUpper() + "-" + GetLanguageText("DATEI");
-        Fill(arrServerFiles[u], data, sType, sKey);
+        if (sType.isEmpty()) {
+            if (sDatei.isNull()) sDatei = GetLanguageText("DATEI");
+            sType = sKey.right(3).toUpper() + "-" + sDatei;
+        }
+        Fill(arrServerFiles[u], data, st, sName, sType, sKey);
     }
     InternetCloseHandle(hFind);
 }

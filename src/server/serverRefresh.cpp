@@ -9,22 +9,42 @@
 
 namespace {
 
+// Columns 0, 2 and 3 of the folder table; column 1 only ever held the
+// literal "Dateiordner" and nothing reads it.
 struct FolderRow {
     QString name;
     QString date;
     QString attributes;
 };
 
-// A failed add leaves the sub-items to the row added before, as the list
-// always did.
-int AddRow(controls::ListView& list, const QString& text, const QString& key) {
-    const int index = list.Add(text, key, key);
-    return index != 0 ? index : list.Count();
+bool IsFolder(const tServerFile& f) {
+    return f.sAttributes.toInt() == int(FILE_ATTRIBUTE_DIRECTORY);
 }
+
+class RowFiller {
+public:
+    RowFiller(controls::ListView& list, bool stopOnFailure) : list_(list), stop_(stopOnFailure) {}
+
+    // Adds a row; false when the fill is to stop. A failed add that is
+    // skipped leaves the sub-items that follow to the row added before, as
+    // the list always did.
+    bool Add(const QString& text, const QString& key) {
+        const int index = list_.Add(text, key, key);
+        if (index == 0 && stop_) return false;
+        row_ = index != 0 ? index : list_.Count();
+        return true;
+    }
+    void Sub(int sub, const QString& text) { list_.SetSubItem(row_, sub, text); }
+
+private:
+    controls::ListView& list_;
+    bool stop_;
+    int row_ = 0;
+};
 
 }  // namespace
 
-bool FillServerRows(HINTERNET& hConnection, bool stopAtFolderLimit) {
+bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
     auto& list = *frmServer().lsvServer;
     int n = 0;
     ResetServerFiles();
@@ -35,49 +55,55 @@ bool FillServerRows(HINTERNET& hConnection, bool stopAtFolderLimit) {
     DoEvents();
     list.Clear();  // the old rows stay visible through the whole read
     DoEvents();
+
     list.BeginBulk();
+    struct EndBulk {
+        controls::ListView& list;
+        ~EndBulk() { list.EndBulk(); }
+    } endBulk{list};
 
     std::vector<FolderRow> arrFolders;
-    arrFolders.reserve(64);
     const int upper = UBoundServerFiles();
     for (int i = 0; i < upper; ++i) {
         const tServerFile& f = arrServerFiles[size_t(i)];
-        if (f.sAttributes.toInt() != int(FILE_ATTRIBUTE_DIRECTORY)) continue;
-        if (n >= kFolderTableRows) {
-            if (stopAtFolderLimit) {
-                list.EndBulk();
-                return false;
-            }
-        } else {
+        if (!IsFolder(f)) continue;  // 17, a read-only folder, is a file here
+        if (n < kFolderTableRows)
             arrFolders.push_back({f.sName, f.sDate, FormatAttributes(f.sAttributes.toUInt())});
-        }
+        else if (stopOnFailure)
+            return false;
         ++n;
     }
 
-    list.Add("..", "zdirectoryx", "zdirectoryx");
+    RowFiller rows(list, stopOnFailure);
+    if (!rows.Add("..", "zdirectoryx")) return false;
     if (upper >= 1) {
+        // One text for every folder row; the catalogue can't change while
+        // the rows are added.
+        const QString folderType = n > 0 ? GetLanguageText("MPUB_FOLDER") : QString();
         for (int i = 0; i < n; ++i) {
             if (i >= kFolderTableRows) {
-                // The table has no such row: only the type text reaches the
-                // last row added, the rest fails.
-                list.SetSubItem(list.Count(), 2, GetLanguageText("MPUB_FOLDER"));
+                // No such row in the table: the add fails, the two sub-items
+                // without a table read reach the last row added, the rest
+                // fail too.
+                rows.Sub(1, QString());
+                rows.Sub(2, folderType);
                 continue;
             }
             const FolderRow& folder = arrFolders[size_t(i)];
-            const int row = AddRow(list, folder.name, "zdirectoryx");
-            list.SetSubItem(row, 1, QString());
-            list.SetSubItem(row, 2, GetLanguageText("MPUB_FOLDER"));
-            list.SetSubItem(row, 3, folder.date);
-            list.SetSubItem(row, 4, folder.attributes);
+            if (!rows.Add(folder.name, "zdirectoryx")) return false;
+            rows.Sub(1, QString());
+            rows.Sub(2, folderType);
+            rows.Sub(3, folder.date);
+            rows.Sub(4, folder.attributes);
         }
         for (int i = 0; i < upper; ++i) {
             const tServerFile& f = arrServerFiles[size_t(i)];
-            if (f.sAttributes.toInt() == int(FILE_ATTRIBUTE_DIRECTORY)) continue;
-            const int row = AddRow(list, f.sName, f.sExtension);
-            list.SetSubItem(row, 1, f.sSize);
-            list.SetSubItem(row, 2, f.sType);
-            list.SetSubItem(row, 3, f.sDate);
-            list.SetSubItem(row, 4, FormatAttributes(f.sAttributes.toUInt()));
+            if (IsFolder(f)) continue;
+            if (!rows.Add(f.sName, f.sExtension)) return false;
+            rows.Sub(1, f.sSize);
+            rows.Sub(2, f.sType);
+            rows.Sub(3, f.sDate);
+            rows.Sub(4, FormatAttributes(f.sAttributes.toUInt()));
         }
     }
     list.EndBulk();

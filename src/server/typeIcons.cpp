@@ -8,7 +8,8 @@
 #include "server/frmServer.h"
 
 #include <QFile>
-#include <QFileInfo>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 int gTypeLookups = 0;
@@ -35,6 +36,14 @@ struct TempFolder {
 };
 TempFolder gTempFolder;
 
+// Still a folder of ours and no link, checked on the POSIX form at hand: the
+// Windows form would be resolved afresh for every dummy file.
+bool StillSafe(const TempFolder& folder) {
+    struct stat st;
+    return lstat(QFile::encodeName(folder.posix).constData(), &st) == 0 && S_ISDIR(st.st_mode) &&
+           st.st_uid == geteuid();
+}
+
 bool TryCreate(const TempFolder& folder, const QString& sFileName) {
     QFile f(folder.posix + "/" + sFileName);
     if (!f.open(QIODevice::ReadWrite)) return false;  // creates, keeps an existing file
@@ -46,7 +55,7 @@ bool TryCreate(const TempFolder& folder, const QString& sFileName) {
 QString CreateDummyFile(const QString& sFileName) {
     if (sFileName.isEmpty() || sFileName == "." || sFileName == ".." || ftp::IsUnsafeName(sFileName))
         return QString();
-    if (!gTempFolder.posix.isEmpty() && QFileInfo(gTempFolder.posix).isDir() &&
+    if (!gTempFolder.posix.isEmpty() && StillSafe(gTempFolder) &&
         TryCreate(gTempFolder, sFileName))
         return gTempFolder.windows + "\\" + sFileName;
     // Each location in turn, as the drive letters once were.
@@ -85,9 +94,33 @@ QIcon GetShellIcon(uint32_t lFlags, const QString& sPath) {
     return info.hIcon;
 }
 
+namespace {
+bool IsPlain(const QString& s) {
+    return !s.contains(u'|') && !s.contains(u'=');
+}
+}  // namespace
+
+qsizetype TypeCache::CachePos(const QString& sKey) const {
+    if (plain_ && IsPlain(sKey)) return pairAt_.value(sKey, -1);
+    return sTypeCache.indexOf(u'|' + sKey + u'=');
+}
+
+void TypeCache::Append(const QString& sKey, const QString& sType) {
+    const qsizetype at = sTypeCache.size() - 1;  // the closing "|" of the pair before
+    sTypeCache += sKey + u'=' + sType + u'|';
+    if (plain_ && IsPlain(sKey) && IsPlain(sType))
+        pairAt_.insert(sKey, at);
+    else
+        plain_ = false;
+}
+
 void TypeCache::BeginRead() {
     sTypeCache = QStringLiteral("|Folder=Dateiordner|");
+    pairAt_.clear();
+    plain_ = true;
     lIconNumber = 0;
+    // Every read looks for its temporary folder in turn again.
+    gTempFolder = TempFolder{};
     auto& frame = mdiMain();
     auto* list = frmServer().lsvServer;
     list->SetIcons(nullptr);
@@ -103,9 +136,8 @@ void TypeCache::BeginRead() {
 
 void TypeCache::Step(const QString& sName, bool following, QString& sType, QString& sKey) {
     sKey = "z" + GetExtension(sName).toLower();
-    const QString needle = "|" + sKey + "=";
-    const qsizetype lCachePos = sTypeCache.indexOf(needle);
-    const qsizetype lFixedPos = sFixedTypes.indexOf(needle);
+    const qsizetype lCachePos = CachePos(sKey);
+    const qsizetype lFixedPos = sFixedTypes.indexOf(u'|' + sKey + u'=');
     if (lCachePos >= 0 && lFixedPos < 0) {
         sType = ValueAt(sTypeCache, lCachePos, sKey);
         return;
@@ -119,11 +151,14 @@ void TypeCache::Step(const QString& sName, bool following, QString& sType, QStri
         sType = GetShellTypeName(sDummy);
         RemoveDummyFile(sDummy);
         if (following && sType.isEmpty()) sType = sKey.mid(1).toUpper() + "-Datei";
-        sTypeCache += sKey + "=" + sType + "|";
+        Append(sKey, sType);
     }
     const QString sDummy = CreateDummyFile(sName);
     auto& frame = mdiMain();
-    frame.imgListSmall->Add(sKey, GetShellIcon(SHGFI_ICON | SHGFI_SMALLICON, sDummy));
-    frame.imgListLarge->Add(sKey, GetShellIcon(SHGFI_ICON, sDummy));
+    // An existing key refuses the add, so the shell isn't asked for it: the
+    // picture a key got first stays for the whole run either way.
+    if (!frame.imgListSmall->HasKey(sKey))
+        frame.imgListSmall->Add(sKey, GetShellIcon(SHGFI_ICON | SHGFI_SMALLICON, sDummy));
+    if (!frame.imgListLarge->HasKey(sKey)) frame.imgListLarge->Add(sKey, GetShellIcon(SHGFI_ICON, sDummy));
     RemoveDummyFile(sDummy);
 }

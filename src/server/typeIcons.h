@@ -5,6 +5,7 @@
 
 #include "platform/wintypes.h"
 
+#include <QHash>
 #include <QIcon>
 #include <QString>
 
@@ -30,6 +31,17 @@ public:
 
     QString sTypeCache;
     int32_t lIconNumber = 0;
+
+private:
+    // Position of "|key=" in sTypeCache, the first as a text search finds it.
+    qsizetype CachePos(const QString& sKey) const;
+    void Append(const QString& sKey, const QString& sType);
+
+    // Where each pair starts, so that a folder of thousands of names doesn't
+    // search the growing text once per entry. Only trusted while every pair
+    // is plain (no "|" or "=" in key or text); otherwise the text is searched.
+    QHash<QString, qsizetype> pairAt_;
+    bool plain_ = true;
 };
 
 // How often the shell was asked for a type text (for tests and the bench).
