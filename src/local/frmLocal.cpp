@@ -79,7 +79,8 @@ void FrmLocal::Form_Load() {
     for (const auto& [key, tip] : views) {
         auto& b = tlbLocal->AddButton(key, image++);
         b.SetToolTipText(GetLanguageText(tip));
-        if (image == 2) b.description = b.ToolTipText();
+        // Only the first of them ever had a description.
+        if (b.key == "eins") b.description = b.ToolTipText();
     }
     tlbdrvDrive->SetImageList(imgdrvDrive);
     auto& refresh = tlbdrvDrive->AddButton("refresh", 1);
@@ -98,15 +99,7 @@ void FrmLocal::Form_Unload() {
 }
 
 void FrmLocal::ViewFolder(QString& pPath, const QString& pPattern) {
-    SetMousePointer(11);
-    lsvDirFile->Clear();
-    if (!ReadLocalFolder(pPath, pPattern)) {
-        SetMousePointer(0);
-        return;
-    }
-    SetMousePointer(0);
-    DoEvents();
-    FillLocalRows();
+    ViewLocalFolderWith(pPath, pPattern, PaneReader(), SetMousePointer);
 }
 
 void FrmLocal::tlbLocal_ButtonClick(const QString& key) {

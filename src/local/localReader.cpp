@@ -10,6 +10,7 @@
 
 #include <QFile>
 #include <cmath>
+#include <cstdio>
 
 std::vector<tLocalEntry> arrLocalFiles(1);
 
@@ -18,32 +19,42 @@ namespace {
 const QString kFolderKey = QStringLiteral("Folder");
 const QString kFolderType = QStringLiteral("Dateiordner");
 
+Qt::CaseSensitivity Sensitivity(bool caseSensitive) {
+    return caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
+}
+
+// The text behind "|key=" up to the next "|".
 QString ValueAfter(const QString& table, qsizetype pos, const QString& key) {
     const qsizetype start = pos + key.size() + 2;
-    const qsizetype end = table.indexOf('|', start);
+    const qsizetype end = table.indexOf(u'|', start);
     return table.mid(start, end < 0 ? -1 : end - start);
 }
 
-int Compare(const QString& a, const QString& b, bool caseSensitive) {
-    return a.compare(b, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
-}
-
-QString Two(int v) {
-    return v < 10 ? "0" + QString::number(v) : QString::number(v);
+// The download-as copy opens each newly typed file and tries to delete it
+// while it is open when it is empty. A file the program holds open can't be
+// deleted (the classic Kill refuses open files), so the try always fails
+// and the file stays; only the open and close are left to do.
+void ProbeEmptyFile(const QString& windowsPath) {
+    QFile f(localfs::ToPosix(windowsPath));
+    if (f.open(QIODevice::ReadOnly)) f.close();
 }
 
 }  // namespace
 
 int PivotIndex(int lLow, int lHigh) {
-    return int(std::nearbyint((lLow + lHigh) / 2.0));
+    return int(std::nearbyint((double(lLow) + double(lHigh)) / 2.0));
 }
 
 QString FormatLocalDate(const FILETIME& ftChanged, bool trimDay) {
     SYSTEMTIME t;
     FileTimeToSystemTime(ftChanged, t);
-    const QString day = trimDay ? Two(t.wDay).trimmed() : Two(t.wDay);
-    return day + "." + Two(t.wMonth) + "." + QString::number(t.wYear) + " " + Two(t.wHour) + ":" + Two(t.wMinute) +
-           ":" + Two(t.wSecond);
+    char text[48];
+    // A padded day has no blanks, so trimming it changes nothing.
+    (void)trimDay;
+    const int n = std::snprintf(text, sizeof text, "%02u.%02u.%u %02u:%02u:%02u", unsigned(t.wDay),
+                                unsigned(t.wMonth), unsigned(t.wYear), unsigned(t.wHour), unsigned(t.wMinute),
+                                unsigned(t.wSecond));
+    return QString::fromLatin1(text, n);
 }
 
 QString FormatLocalAttributes(uint32_t a, bool withDirectory, bool directoryBeforeSystem) {
@@ -51,19 +62,26 @@ QString FormatLocalAttributes(uint32_t a, bool withDirectory, bool directoryBefo
         uint32_t bit;
         char letter;
     };
-    static const Letter pane[] = {{0x100, 'T'}, {0x1, 'R'}, {0x2, 'H'}, {0x4, 'S'},
+    static const Letter pane[] = {{0x100, 'T'}, {0x1, 'R'},  {0x2, 'H'},   {0x4, 'S'},
                                   {0x80, 'N'},  {0x10, 'D'}, {0x800, 'C'}, {0x20, 'A'}};
-    static const Letter afterDelete[] = {{0x100, 'T'}, {0x1, 'R'}, {0x2, 'H'}, {0x10, 'D'},
+    static const Letter afterDelete[] = {{0x100, 'T'}, {0x1, 'R'},  {0x2, 'H'},   {0x10, 'D'},
                                          {0x4, 'S'},   {0x80, 'N'}, {0x800, 'C'}, {0x20, 'A'}};
     QString s;
     for (const Letter& o : directoryBeforeSystem ? afterDelete : pane)
-        if ((a & o.bit) && (withDirectory || o.letter != 'D')) s += QLatin1Char(o.letter);
+        if ((a & o.bit) && (withDirectory || o.bit != 0x10)) s += QLatin1Char(o.letter);
     return s;
 }
 
+QString DateiTypeText(const QString& sKey) {
+    // Keys of 3 to 11 characters lose their "z"; shorter and longer ones
+    // keep it. The uneven limit is how the pane has always named them.
+    const QString stem = sKey.size() >= 3 && sKey.size() <= 11 ? sKey.mid(1) : sKey;
+    return stem.toUpper() + "-Datei";
+}
+
 bool ReadLocalFolder(QString& pPath, const QString& pPattern, const LocalReaderVariant& variant) {
-    if (!pPath.endsWith('\\') && !pPath.endsWith('/')) pPath += '\\';
-    const Qt::CaseSensitivity cs = variant.caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    if (!pPath.endsWith(u'\\') && !pPath.endsWith(u'/')) pPath += u'\\';
+    const Qt::CaseSensitivity cs = Sensitivity(variant.caseSensitive);
     QString sTypeCache = QStringLiteral("|Folder=Dateiordner|");
     int16_t lIconSerial = 0;
     arrLocalFiles.assign(1, tLocalEntry{});
@@ -75,35 +93,35 @@ bool ReadLocalFolder(QString& pPath, const QString& pPattern, const LocalReaderV
 
     bool folderSeen = false;
     WIN32_FIND_DATA data;
-    // Tested against 0 only: a failed search still runs the loop once over
-    // the zeroed record and leaves a row without a name.
+    // Tested against 0 only: a failed search gives -1, runs the loop once
+    // over the zeroed record and leaves a row without a name.
     const HANDLE hFind = FindFirstFileA(pPath + pPattern, data);
     if (hFind != 0) {
         do {
             tLocalEntry& entry = arrLocalFiles.back();
-            const QString name = data.cFileName;
+            const QString name = data.cFileName.left(variant.nameLength);
             if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-                if (name == "." || name == "..") continue;
+                if (name == u"." || name == u"..") continue;
                 entry = tLocalEntry{kFolderKey, name, kFolderType, int32_t(data.dwFileAttributes),
                                     int32_t(data.nFileSizeLow), data.ftLastWriteTime};
                 folderSeen = true;
             } else {
-                QString sKey = "z" + GetExtension(name).toLower();
+                QString sKey = u'z' + GetExtension(name).toLower();
                 QString sType;
-                const QString needle = "|" + sKey + "=";
+                const QString needle = u'|' + sKey + u'=';
                 const qsizetype cachePos = sTypeCache.indexOf(needle, 0, cs);
                 const qsizetype fixedPos = sFixedTypes.indexOf(needle, 0, cs);
                 bool fetchPictures = false;
                 if (fixedPos >= 0) {
+                    // Each of these has an icon of its own, so a key of its own.
                     sType = ValueAfter(sFixedTypes, fixedPos, sKey);
                     sKey += QString::number(lIconSerial);
                     ++lIconSerial;
                     fetchPictures = true;
                 } else if (cachePos < 0) {
                     sType = GetShellTypeName(pPath + name);
-                    if (variant.dropEmptyAfterLookup && localfs::FileLen(pPath + name) == 0)
-                        localfs::Kill(pPath + name);
-                    sTypeCache += sKey + "=" + sType + "|";
+                    if (variant.probeEmptyAfterLookup) ProbeEmptyFile(pPath + name);
+                    sTypeCache += sKey + u'=' + sType + u'|';
                     fetchPictures = true;
                 } else {
                     sType = ValueAfter(sTypeCache, cachePos, sKey);
@@ -112,17 +130,12 @@ bool ReadLocalFolder(QString& pPath, const QString& pPattern, const LocalReaderV
                     pane.imgListSmall->Add(sKey, GetShellIcon(SHGFI_ICON | SHGFI_SMALLICON, pPath + name));
                     pane.imgListLarge->Add(sKey, GetShellIcon(SHGFI_ICON, pPath + name));
                 }
-                if (sType.isEmpty() && variant.dateiFallback) {
-                    // Keys of 3 to 11 characters lose their "z"; the uneven
-                    // limit is how the pane has always named them.
-                    const QString stem = sKey.size() >= 3 && sKey.size() <= 11 ? sKey.mid(1) : sKey;
-                    sType = stem.toUpper() + "-Datei";
-                }
+                if (sType.isEmpty() && variant.dateiFallback) sType = DateiTypeText(sKey);
                 entry = tLocalEntry{sKey, name, sType, int32_t(data.dwFileAttributes), int32_t(data.nFileSizeLow),
                                     data.ftLastWriteTime};
             }
             arrLocalFiles.emplace_back();
-        } while (FindNextFileA(hFind, data = WIN32_FIND_DATA{}));
+        } while (FindNextFileA(hFind, data));
         FindClose(hFind);
     }
     if (folderSeen) {
@@ -136,10 +149,11 @@ bool ReadLocalFolder(QString& pPath, const QString& pPattern, const LocalReaderV
 }
 
 void SortLocalFiles(const LocalReaderVariant& variant) {
+    const Qt::CaseSensitivity cs = Sensitivity(variant.caseSensitive);
     const int upper = int(arrLocalFiles.size()) - 1;
     int n = 0;
     for (int i = 0; i < upper; ++i) {
-        if (Compare(arrLocalFiles[size_t(i)].sType, kFolderType, variant.caseSensitive) == 0) {
+        if (arrLocalFiles[size_t(i)].sType.compare(kFolderType, cs) == 0) {
             std::swap(arrLocalFiles[size_t(n)], arrLocalFiles[size_t(i)]);
             ++n;
         }
@@ -149,11 +163,16 @@ void SortLocalFiles(const LocalReaderVariant& variant) {
 }
 
 void QuickSortLocalFiles(int lLow, int lHigh, bool caseSensitive) {
+    const int last = int(arrLocalFiles.size()) - 1;
+    if (lLow < 0 || lHigh > last || lLow > lHigh) return;
+    const Qt::CaseSensitivity cs = Sensitivity(caseSensitive);
+    auto name = [](int k) -> const QString& { return arrLocalFiles[size_t(k)].sName; };
     int i = lLow, j = lHigh;
-    const QString pivot = arrLocalFiles[size_t(PivotIndex(lLow, lHigh))].sName;
+    const QString pivot = name(PivotIndex(lLow, lHigh));
     do {
-        while (Compare(arrLocalFiles[size_t(i)].sName, pivot, caseSensitive) < 0) ++i;
-        while (Compare(arrLocalFiles[size_t(j)].sName, pivot, caseSensitive) > 0) --j;
+        // The pivot lies in the range, so neither scan leaves it.
+        while (name(i).compare(pivot, cs) < 0) ++i;
+        while (name(j).compare(pivot, cs) > 0) --j;
         if (i > j) break;
         std::swap(arrLocalFiles[size_t(i)], arrLocalFiles[size_t(j)]);
         ++i;
@@ -164,6 +183,7 @@ void QuickSortLocalFiles(int lLow, int lHigh, bool caseSensitive) {
 }
 
 void FillLocalRows(const LocalReaderVariant& variant) {
+    const Qt::CaseSensitivity cs = Sensitivity(variant.caseSensitive);
     auto& pane = frmLocal();
     auto& list = *pane.lsvDirFile;
     list.SetIcons(pane.imgListLarge);
@@ -171,17 +191,35 @@ void FillLocalRows(const LocalReaderVariant& variant) {
     const QString folderWord = GetLanguageText("FOLDER");
     list.BeginBulk();
     const int upper = int(arrLocalFiles.size()) - 1;
+    int row = 0;
     for (int i = 0; i < upper; ++i) {
         const tLocalEntry& e = arrLocalFiles[size_t(i)];
-        int row = list.Add(e.sName, e.sKey, e.sKey);
-        if (row == 0) row = list.Count();  // the sub-items go to the row before
-        if (e.sKey != kFolderKey) list.SetSubItem(row, 1, QString::number(e.lSize / 1024 + 1) + " KB");
+        // A row whose picture key the list lacks isn't added; the sub-items
+        // that follow then go to the row before, as they always did.
+        if (const int added = list.Add(e.sName, e.sKey, e.sKey)) row = added;
+        if (e.sKey.compare(kFolderKey, cs) != 0)
+            list.SetSubItem(row, 1, QString::number(e.lSize / 1024 + 1) + QStringLiteral(" KB"));
         const QString type = e.sType.trimmed();
-        list.SetSubItem(row, 2, Compare(type, kFolderType, variant.caseSensitive) == 0 ? folderWord : type);
+        list.SetSubItem(row, 2, type.compare(kFolderType, cs) == 0 ? folderWord : type);
         list.SetSubItem(row, 3, FormatLocalDate(e.ftChanged, variant.trimDay));
         list.SetSubItem(row, 4, FormatLocalAttributes(uint32_t(e.lAttributes), variant.showDirectoryLetter,
                                                       variant.directoryBeforeSystem));
+        // Large folders show progress: the first row, then every 1,000th.
         if (i % 1000 == 0) list.Refresh();
     }
     list.EndBulk();
+}
+
+void ViewLocalFolderWith(QString& pPath, const QString& pPattern, const LocalReaderVariant& variant,
+                         const std::function<void(int)>& setPointer) {
+    setPointer(11);
+    frmLocal().lsvDirFile->Clear();
+    if (!ReadLocalFolder(pPath, pPattern, variant)) {
+        setPointer(0);
+        return;
+    }
+    // The pointer is back before the first row exists.
+    setPointer(0);
+    DoEvents();
+    FillLocalRows(variant);
 }

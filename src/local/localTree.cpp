@@ -3,10 +3,9 @@
 #include "frame/mPublic.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
+#include "local/localReader.h"
 #include "platform/localfs.h"
 #include "platform/seams.h"
-
-#include <cmath>
 
 namespace {
 
@@ -16,7 +15,7 @@ int CompareNames(const QString& a, const QString& b) {
 
 void QuickSortLocalFolders(std::vector<tLocalFolder>& a, int lLow, int lHigh) {
     int i = lLow, j = lHigh;
-    const QString pivot = a[size_t(int(std::nearbyint((lLow + lHigh) / 2.0)))].sName;
+    const QString pivot = a[size_t(PivotIndex(lLow, lHigh))].sName;
     do {
         while (CompareNames(a[size_t(i)].sName, pivot) < 0) ++i;
         while (CompareNames(a[size_t(j)].sName, pivot) > 0) --j;
@@ -33,17 +32,11 @@ bool SameEntry(const QString& a, const QString& b) {
     return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
-// Selects `entry` in the combo, adding it when it isn't there yet.
-void SelectComboEntry(controls::ComboBox& combo, const QString& entry) {
-    for (int pass = 0; pass < 2; ++pass) {
-        for (int i = 0; i < combo.ListCount(); ++i) {
-            if (SameEntry(combo.List(i), entry)) {
-                combo.SetListIndex(i);
-                return;
-            }
-        }
-        combo.AddItem(entry);
-    }
+// The combo's index of an entry, -1 when it has none.
+int ComboIndexOf(const controls::ComboBox& combo, const QString& entry) {
+    for (int i = 0; i < combo.ListCount(); ++i)
+        if (SameEntry(combo.List(i), entry)) return i;
+    return -1;
 }
 
 }  // namespace
@@ -148,8 +141,8 @@ void FrmLocal::ChooseStartDrive() {
     }
     ReadDrive(tried.left(2).toLower() + "\\");
     ViewFolder(tried, "*.*");
+    // The first row of the tree.
     trwPaths->SetDropHighlight(trwPaths->HitTest(675, 105));
-    if (trwPaths->DropHighlight() == 0) trwPaths->SetDropHighlight(1);
 }
 
 void FrmLocal::cboLocal_Click() {
@@ -170,24 +163,14 @@ void FrmLocal::trwPaths_NodeClick(int node) {
     QString sKey = trwPaths->Key(node);
     if (sKey.endsWith('\\') && sKey.size() > 3) sKey.chop(1);
     if (sKey.endsWith(':')) sKey += '\\';
-    bool found = false;
-    for (int i = 0; i < cboLocal->ListCount(); ++i) {
-        if (SameEntry(cboLocal->List(i), sKey)) {
-            cboLocal->SetListIndex(i);
-            found = true;
-            break;
-        }
-    }
-    if (!found) cboLocal->AddItem(sKey);
+    const int found = ComboIndexOf(*cboLocal, sKey);
+    if (found >= 0) cboLocal->SetListIndex(found);
+    else cboLocal->AddItem(sKey);
     cboLocal->update();
-    // Assigned a second time even when found: the last read uses the real
-    // case of the node texts.
-    for (int i = 0; i < cboLocal->ListCount(); ++i) {
-        if (SameEntry(cboLocal->List(i), sKey)) {
-            cboLocal->SetListIndex(i);
-            break;
-        }
-    }
+    // Assigned a second time even when found; the read that counts is the
+    // last one, with the real case of the node texts.
+    const int entry = ComboIndexOf(*cboLocal, sKey);
+    if (entry >= 0) cboLocal->SetListIndex(entry);
     ViewSelectedNode();
 }
 
@@ -206,7 +189,13 @@ void FrmLocal::lsvDirFile_DblClick() {
                 trwPaths->SetExpanded(target, true);
                 trwPaths->SetSelected(target);
             }
-            SelectComboEntry(*cboLocal, sFolder);
+            // Each assignment raises the combo's click, which reads again.
+            int entry = ComboIndexOf(*cboLocal, sFolder);
+            if (entry < 0) {
+                cboLocal->AddItem(sFolder);
+                entry = ComboIndexOf(*cboLocal, sFolder);
+            }
+            if (entry >= 0) cboLocal->SetListIndex(entry);
         }
     }
     SetMousePointer(0);

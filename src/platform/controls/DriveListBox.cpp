@@ -8,7 +8,9 @@ namespace controls {
 
 DriveListBox::DriveListBox(QWidget* parent) : QComboBox(parent) {
     Refresh();
-    connect(this, &QComboBox::activated, this, [this](int) {
+    connect(this, &QComboBox::activated, this, [this](int index) {
+        if (index == shown_) return;
+        shown_ = index;
         if (onChange) onChange();
     });
 }
@@ -18,11 +20,12 @@ bool DriveListBox::SetDrive(const QString& drive) {
     const QString letter = drive.left(2).toLower();
     for (int i = 0; i < count(); ++i) {
         if (itemText(i).left(2).toLower() != letter) continue;
-        if (i != currentIndex()) {
+        if (i != shown_) {
             {
                 QSignalBlocker block(this);
                 setCurrentIndex(i);
             }
+            shown_ = i;
             if (onChange) onChange();
         }
         return true;
@@ -35,8 +38,11 @@ void DriveListBox::Refresh() {
     const QString current = currentText().left(2);
     clear();
     addItems(localfs::DriveList());
-    const int keep = current.isEmpty() ? 0 : findText(current, Qt::MatchStartsWith);
+    int keep = -1;
+    for (int i = 0; i < count() && !current.isEmpty(); ++i)
+        if (itemText(i).left(2).compare(current, Qt::CaseInsensitive) == 0) keep = i;
     setCurrentIndex(keep < 0 ? 0 : keep);
+    shown_ = currentIndex();
 }
 
 }  // namespace controls

@@ -11,22 +11,33 @@ TreeView::TreeView(QWidget* parent) : QTreeWidget(parent) {
     setColumnCount(1);
     setUniformRowHeights(true);
     connect(this, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) {
+        // Expansions made by SetExpanded raise the event themselves.
         if (!raising_ && onExpand) onExpand(indexOfItem(item));
     });
     connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item, int) {
         if (onNodeClick) onNodeClick(indexOfItem(item));
     });
-    connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* now, QTreeWidgetItem*) {
-        // Pictures follow the selection: the open folder for the chosen node.
-        for (const Node& n : nodes_)
-            if (images_ && n.item) n.item->setIcon(0, images_->Picture(n.item == now ? n.selectedImage : n.image));
+    connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* now, QTreeWidgetItem* before) {
+        showPicture(indexOfItem(before), false);
+        showPicture(indexOfItem(now), true);
     });
+}
+
+void TreeView::SetImageList(ImageList* images) {
+    images_ = images;
+    const int selected = SelectedIndex();
+    for (int i = 1; i <= Count(); ++i) showPicture(i, i == selected);
+}
+
+void TreeView::showPicture(int index, bool selected) {
+    if (!valid(index)) return;
+    const Node& n = node(index);
+    n.item->setIcon(0, images_ ? images_->Picture(selected ? n.selectedImage : n.image) : QIcon());
 }
 
 int TreeView::Add(const QString& relativeKey, int relationship, const QString& key, const QString& text, int image,
                   int selectedImage) {
-    const QString k = key.toLower();
-    if (keys_.contains(k)) return 0;
+    if (!key.isEmpty() && keys_.contains(key)) return 0;
     QTreeWidgetItem* item = nullptr;
     int parent = 0;
     if (relativeKey.isEmpty()) {
@@ -36,11 +47,12 @@ int TreeView::Add(const QString& relativeKey, int relationship, const QString& k
         if (parent == 0 || relationship != 4) return 0;
         item = new QTreeWidgetItem(node(parent).item, QStringList{text});
     }
-    if (images_) item->setIcon(0, images_->Picture(image));
-    nodes_.push_back({k, QString(), item, parent, image, selectedImage});
-    keys_.insert(k, Count());
-    items_.insert(item, Count());
-    return Count();
+    nodes_.push_back({key, QString(), item, parent, image, selectedImage});
+    const int index = Count();
+    if (!key.isEmpty()) keys_.insert(key, index);
+    items_.insert(item, index);
+    showPicture(index, false);
+    return index;
 }
 
 void TreeView::Clear() {
@@ -52,13 +64,21 @@ void TreeView::Clear() {
     dropHighlight_ = 0;
 }
 
+int TreeView::IndexOf(const QString& key) const {
+    return key.isEmpty() ? 0 : keys_.value(key, 0);
+}
+
 int TreeView::indexOfItem(const QTreeWidgetItem* item) const {
-    return items_.value(item, 0);
+    return item ? items_.value(item, 0) : 0;
 }
 
 QString TreeView::Key(int index) const { return valid(index) ? node(index).key : QString(); }
 QString TreeView::Text(int index) const { return valid(index) ? node(index).item->text(0) : QString(); }
 QString TreeView::Tag(int index) const { return valid(index) ? node(index).tag : QString(); }
+
+void TreeView::SetText(int index, const QString& text) {
+    if (valid(index)) node(index).item->setText(0, text);
+}
 
 void TreeView::SetTag(int index, const QString& tag) {
     if (valid(index)) nodes_[size_t(index - 1)].tag = tag;
@@ -78,13 +98,19 @@ void TreeView::SetExpanded(int index, bool expanded) {
     if (expanded && onExpand) onExpand(index);
 }
 
+bool TreeView::Selected(int index) const {
+    return valid(index) && index == SelectedIndex();
+}
+
 void TreeView::SetSelected(int index) {
     if (!valid(index)) return;
-    QSignalBlocker block(this);
-    setCurrentItem(node(index).item);
-    if (images_)
-        for (const Node& n : nodes_)
-            n.item->setIcon(0, images_->Picture(n.item == node(index).item ? n.selectedImage : n.image));
+    const int before = SelectedIndex();
+    {
+        QSignalBlocker block(this);
+        setCurrentItem(node(index).item);
+    }
+    showPicture(before, false);
+    showPicture(index, true);
 }
 
 int TreeView::Children(int index) const {
@@ -102,15 +128,13 @@ int TreeView::Parent(int index) const {
 
 int TreeView::FirstSibling(int index) const {
     if (!valid(index)) return 0;
-    const QTreeWidgetItem* item = node(index).item;
-    const QTreeWidgetItem* p = item->parent();
+    const QTreeWidgetItem* p = node(index).item->parent();
     return indexOfItem(p ? p->child(0) : topLevelItem(0));
 }
 
 int TreeView::LastSibling(int index) const {
     if (!valid(index)) return 0;
-    const QTreeWidgetItem* item = node(index).item;
-    const QTreeWidgetItem* p = item->parent();
+    const QTreeWidgetItem* p = node(index).item->parent();
     return indexOfItem(p ? p->child(p->childCount() - 1) : topLevelItem(topLevelItemCount() - 1));
 }
 
@@ -119,7 +143,17 @@ int TreeView::SelectedIndex() const {
 }
 
 void TreeView::SetDropHighlight(int index) {
+    const int before = dropHighlight_;
     dropHighlight_ = valid(index) ? index : 0;
+    // Drawn like a selection until another node (or none) takes it over.
+    if (valid(before)) {
+        node(before).item->setData(0, Qt::BackgroundRole, QVariant());
+        node(before).item->setData(0, Qt::ForegroundRole, QVariant());
+    }
+    if (dropHighlight_) {
+        node(dropHighlight_).item->setBackground(0, palette().highlight());
+        node(dropHighlight_).item->setForeground(0, palette().highlightedText());
+    }
 }
 
 int TreeView::HitTest(int xTwips, int yTwips) const {
