@@ -3,16 +3,22 @@
 #include "platform/wininet.h"
 
 #include "platform/ftp_listing.h"
+#include "platform/localfs.h"
 
 #include <Poco/Net/DialogSocket.h>
 #include <Poco/Net/FTPClientSession.h>
 #include <Poco/Net/NetException.h>
+#include <Poco/Net/ServerSocket.h>
 #include <Poco/Net/SocketAddress.h>
 #include <Poco/Net/StreamSocket.h>
 #include <Poco/Timespan.h>
+#include <QFileInfo>
 #include <QRegularExpression>
+#include <QSaveFile>
+#include <csignal>
 #include <map>
 #include <memory>
+#include <sys/socket.h>
 #include <variant>
 
 namespace {
@@ -20,26 +26,48 @@ namespace {
 const Poco::Timespan kTimeout(30, 0);
 constexpr size_t kUploadBuffer = 64 * 1024;
 
+using Poco::Net::FTPException;
+using Poco::Net::Socket;
+using Poco::Net::StreamSocket;
+
 class Control : public Poco::Net::FTPClientSession {
 public:
-    explicit Control(const Poco::Net::StreamSocket& socket) : FTPClientSession(socket, true) {}
+    explicit Control(const StreamSocket& socket) : FTPClientSession(socket, true) {}
 
-    // Opens a data connection for `command`; an active one the server can't
-    // reach is tried once more passively.
-    Poco::Net::StreamSocket OpenData(const std::string& command, const std::string& arg, bool passive) {
+    // Opens a data connection for `command`. An active one that the server
+    // refuses or can't reach is tried once more passively; a refusal of the
+    // command itself (550, 553...) is final.
+    StreamSocket OpenData(const std::string& command, const std::string& arg, bool passive) {
         if (!passive) {
+            bool retry = false;
             try {
-                setPassive(false, true);
-                return establishDataConnection(command, arg);
-            } catch (const Poco::Net::FTPException& e) {
-                if (e.code() / 100 != 4) throw;  // refused for other reasons: no retry
-            } catch (const Poco::TimeoutException&) {
+                return Active(command, arg, retry);
+            } catch (...) {
+                if (!retry) throw;
             }
         }
-        setPassive(true, true);
-        Poco::Net::StreamSocket s = establishDataConnection(command, arg);
-        setPassive(passive, true);
-        return s;
+        return Passive(command, arg);
+    }
+
+    int Reply(std::string& text) { return _pControlSocket->receiveStatusMessage(text); }
+
+    // The final reply of a transfer; true for 2xx.
+    bool FinishTransfer() {
+        std::string text;
+        return Reply(text) / 100 == 2;
+    }
+
+    // True when the server has said something nobody asked for yet: during
+    // an upload that can only be the end of it.
+    bool Speaking() { return _pControlSocket && _pControlSocket->poll(Poco::Timespan(0), Socket::SELECT_READ); }
+
+    // Reads replies that arrived unasked (a late 426, a 421 before the
+    // server hangs up), so the next command gets its own answer.
+    void Drain() {
+        for (int i = 0; i < 8 && Speaking(); ++i) {
+            std::string text;
+            if (Reply(text) == 0) break;  // the server hung up
+        }
     }
 
     // Says goodbye without waiting long for the answer: closing a handle
@@ -49,24 +77,70 @@ public:
         close();
     }
 
-    // The final reply of a transfer; true for 2xx.
-    bool FinishTransfer() {
-        std::string response;
-        const int status = _pControlSocket->receiveStatusMessage(response);
-        return status / 100 == 2;
+private:
+    static void Prepare(StreamSocket& s) {
+        s.setReceiveTimeout(kTimeout);
+        s.setSendTimeout(kTimeout);
+    }
+
+    StreamSocket Active(const std::string& command, const std::string& arg, bool& retry) {
+        Poco::Net::ServerSocket listener(Poco::Net::SocketAddress(_pControlSocket->address().host(), 0));
+        try {
+            sendPortCommand(listener.address());  // EPRT, else PORT
+        } catch (...) {
+            retry = true;
+            throw;
+        }
+        std::string text;
+        const int status = sendCommand(command, arg, text);
+        if (status / 100 != 1) {
+            retry = status / 100 == 4;  // 425 and the like: it couldn't connect
+            throw FTPException(command + " refused", text, status);
+        }
+        if (!listener.poll(kTimeout, Socket::SELECT_READ)) {
+            // It said yes but never came: take its verdict first.
+            std::string verdict;
+            Reply(verdict);
+            retry = true;
+            throw FTPException("no data connection from the server");
+        }
+        StreamSocket s = listener.acceptConnection();
+        Prepare(s);
+        return s;
+    }
+
+    StreamSocket Passive(const std::string& command, const std::string& arg) {
+        const Poco::Net::SocketAddress where = sendPassiveCommand();  // EPSV, else PASV
+        StreamSocket s;
+        s.connect(where, kTimeout);
+        Prepare(s);
+        std::string text;
+        const int status = sendCommand(command, arg, text);
+        if (status / 100 != 1) throw FTPException(command + " refused", text, status);
+        return s;
     }
 };
+
+bool SendAll(StreamSocket& s, const char* data, size_t size) {
+    size_t sent = 0;
+    while (sent < size) {
+        const int n = s.sendBytes(data + sent, int(std::min<size_t>(size - sent, 1 << 20)), MSG_NOSIGNAL);
+        if (n <= 0) return false;
+        sent += size_t(n);
+    }
+    return true;
+}
 
 struct Connection;
 
 struct Stream {
     Connection* owner = nullptr;
-    Poco::Net::StreamSocket data;
+    StreamSocket data;
     std::string buffer;
     bool ascii = false;
     bool lastWasCR = false;
-    bool healthy = true;
-    bool open = true;
+    bool open = true;       // the transfer still runs
+    bool succeeded = false;  // it ended with the server's 2xx
 };
 
 struct Connection {
@@ -81,7 +155,8 @@ struct Connection {
         return std::string(b.constData(), size_t(b.size()));
     }
     QString Decode(const std::string& s) const {
-        return utf8 ? QString::fromStdString(s) : QString::fromLatin1(s.data(), qsizetype(s.size()));
+        return utf8 ? QString::fromUtf8(s.data(), qsizetype(s.size()))
+                    : QString::fromLatin1(s.data(), qsizetype(s.size()));
     }
 };
 
@@ -99,11 +174,13 @@ std::map<HINTERNET, Object>& Table() {
     static std::map<HINTERNET, Object> table;
     return table;
 }
-HINTERNET gNext = 1;
 
+// Handles are never reused in a run: a stale handle the logic still holds
+// can't reach a newer object.
 HINTERNET Add(Object o) {
-    const HINTERNET h = gNext++;
-    if (gNext == 0) gNext = 1;
+    static HINTERNET next = 1;
+    const HINTERNET h = next++;
+    if (next == 0) next = 1;
     Table().emplace(h, std::move(o));
     return h;
 }
@@ -120,43 +197,100 @@ Connection* GetConnection(HINTERNET h) {
     return p ? p->get() : nullptr;
 }
 
-bool SendAll(Poco::Net::StreamSocket& s, const std::string& data) {
-    size_t sent = 0;
-    while (sent < data.size()) {
-        const int n = s.sendBytes(data.data() + sent, int(data.size() - sent));
-        if (n <= 0) return false;
-        sent += size_t(n);
-    }
-    return true;
-}
-
-// Ends a stream: flushes, closes the data connection and takes the reply.
-bool FinishStream(Stream& st) {
-    if (!st.open) return false;
+// Ends a stream's transfer. With `flush` the buffered bytes go out first and
+// the server's verdict decides; without, the transfer is simply torn down.
+// Either way the pending reply is read, so the dialogue stays in step.
+void EndStream(Stream& st, bool flush) {
+    if (!st.open) return;
     st.open = false;
-    bool ok = st.healthy;
+    bool ok = flush;
     try {
-        if (ok && !st.buffer.empty()) ok = SendAll(st.data, st.buffer);
-        st.buffer.clear();
+        if (ok && !st.buffer.empty()) ok = SendAll(st.data, st.buffer.data(), st.buffer.size());
+    } catch (...) {
+        ok = false;
+    }
+    st.buffer.clear();
+    try {
         st.data.close();
+    } catch (...) {
+    }
+    try {
         if (st.owner && st.owner->control) ok = st.owner->control->FinishTransfer() && ok;
     } catch (...) {
         ok = false;
     }
+    st.succeeded = ok;
     if (st.owner && st.owner->activeStream == &st) st.owner->activeStream = nullptr;
-    return ok;
 }
 
-// A command on a connection first ends a stream still open on it, so the
-// dialogue stays in step.
+// The control session of a connection, ready for a new command: a stream
+// still open on it is finished first and stray replies are read.
 Control* Ready(Connection* c) {
     if (!c || !c->control) return nullptr;
-    if (c->activeStream) FinishStream(*c->activeStream);
+    if (c->activeStream) EndStream(*c->activeStream, true);
+    c->control->Drain();
     return c->control.get();
+}
+
+// After a failed data transfer: drop the data connection and take the
+// server's reply, whatever it is.
+void Settle(Control& ctl, StreamSocket& data) {
+    try {
+        data.close();
+    } catch (...) {
+    }
+    try {
+        ctl.FinishTransfer();
+    } catch (...) {
+    }
 }
 
 bool WantsAll(const QString& pattern) {
     return pattern.isEmpty() || pattern == QLatin1String("*.*") || pattern == QLatin1String("*");
+}
+
+bool HasFeature(const std::string& feat, const char* name) {
+    const QString f = QString::fromLatin1(feat.data(), qsizetype(feat.size())).toUpper();
+    return f.contains(QRegularExpression(QStringLiteral("(^|\\n)\\s*%1\\b").arg(QLatin1String(name))));
+}
+
+// The read-only bit follows the owner's write permission, as in LIST. MLSD
+// carries it in unix.mode, which servers such as pyftpdlib offer but don't
+// send unless asked.
+void AskForOwnerMode(Control& ctl, const std::string& feat) {
+    const QString f = QString::fromLatin1(feat.data(), qsizetype(feat.size()));
+    const QRegularExpressionMatch m =
+        QRegularExpression(QStringLiteral("(?:^|\\n)\\s*MLST\\s+(\\S+)"), QRegularExpression::CaseInsensitiveOption)
+            .match(f);
+    if (!m.hasMatch()) return;
+    QStringList offered;
+    bool modeOn = false;
+    for (QString fact : m.captured(1).split(u';', Qt::SkipEmptyParts)) {
+        const bool on = fact.endsWith(u'*');
+        if (on) fact.chop(1);
+        fact = fact.toLower();
+        if (fact == QLatin1String("unix.mode")) modeOn = on;
+        offered << fact;
+    }
+    if (modeOn || !offered.contains(QLatin1String("unix.mode"))) return;
+    std::string wanted;
+    for (const char* fact : {"type", "size", "modify", "perm", "unix.mode"})
+        if (offered.contains(QLatin1String(fact))) wanted += std::string(fact) + ";";
+    std::string reply;
+    ctl.sendCommand("OPTS MLST " + wanted, reply);
+}
+
+template <class F>
+bool Command(HINTERNET hConnect, F&& f) {
+    try {
+        Connection* c = GetConnection(hConnect);
+        Control* ctl = Ready(c);
+        if (!ctl) return false;
+        f(*c, *ctl);
+        return true;
+    } catch (...) {
+        return false;
+    }
 }
 
 }  // namespace
@@ -174,8 +308,12 @@ HINTERNET InternetConnectA(HINTERNET hInternet, const QString& serverName, int16
                            uint32_t) {
     try {
         if (!Get<Session>(hInternet) || service != INTERNET_SERVICE_FTP) return 0;
+        // A server that hangs up mid-write must give an error, not end the
+        // process.
+        static const bool noSigpipe = (std::signal(SIGPIPE, SIG_IGN), true);
+        (void)noSigpipe;
         const uint16_t port = serverPort == 0 ? 21 : uint16_t(serverPort);
-        Poco::Net::StreamSocket socket;
+        StreamSocket socket;
         socket.connect(Poco::Net::SocketAddress(serverName.toStdString(), port), kTimeout);
         socket.setReceiveTimeout(kTimeout);
         socket.setSendTimeout(kTimeout);
@@ -188,9 +326,10 @@ HINTERNET InternetConnectA(HINTERNET hInternet, const QString& serverName, int16
         c->control->login(user.toStdString(), password.toStdString());
         std::string features;
         if (c->control->sendCommand("FEAT", features) / 100 == 2) {
-            const QString f = QString::fromStdString(features).toUpper();
-            c->mlsd = f.contains(QRegularExpression(QStringLiteral("\\bMLSD\\b")));
-            if (f.contains(QRegularExpression(QStringLiteral("\\bUTF8\\b")))) {
+            // MLST in FEAT stands for MLSD too (RFC 3659).
+            c->mlsd = HasFeature(features, "MLST") || HasFeature(features, "MLSD");
+            if (c->mlsd) AskForOwnerMode(*c->control, features);
+            if (HasFeature(features, "UTF8")) {
                 std::string r;
                 c->control->sendCommand("OPTS UTF8 ON", r);
                 c->utf8 = true;
@@ -208,16 +347,19 @@ bool InternetCloseHandle(HINTERNET handle) {
         if (it == Table().end()) return false;
         if (auto* c = std::get_if<std::unique_ptr<Connection>>(&it->second)) {
             Connection* conn = c->get();
-            if (conn->activeStream) FinishStream(*conn->activeStream);
+            if (conn->activeStream) EndStream(*conn->activeStream, true);
             // Streams of this connection stay in the table as dead handles.
             for (auto& [h, o] : Table())
-                if (auto* s = std::get_if<std::unique_ptr<Stream>>(&o); s && (*s)->owner == conn) (*s)->owner = nullptr;
+                if (auto* s = std::get_if<std::unique_ptr<Stream>>(&o); s && (*s)->owner == conn)
+                    (*s)->owner = nullptr;
             try {
                 conn->control->QuickClose();
             } catch (...) {
             }
         } else if (auto* s = std::get_if<std::unique_ptr<Stream>>(&it->second)) {
-            const bool ok = FinishStream(**s);
+            Stream& st = **s;
+            EndStream(st, true);
+            const bool ok = st.succeeded;
             Table().erase(it);
             return ok;
         }
@@ -244,15 +386,7 @@ uint32_t FtpGetCurrentDirectoryA(HINTERNET hConnect, QString& currentDirectory, 
 }
 
 bool FtpSetCurrentDirectoryA(HINTERNET hConnect, const QString& directory) {
-    try {
-        Connection* c = GetConnection(hConnect);
-        Control* ctl = Ready(c);
-        if (!ctl) return false;
-        ctl->setWorkingDirectory(c->Encode(directory));
-        return true;
-    } catch (...) {
-        return false;
-    }
+    return Command(hConnect, [&](Connection& c, Control& ctl) { ctl.setWorkingDirectory(c.Encode(directory)); });
 }
 
 HINTERNET FtpFindFirstFileA(HINTERNET hConnect, const QString& searchFile, WIN32_FIND_DATA& findData, uint32_t,
@@ -261,13 +395,18 @@ HINTERNET FtpFindFirstFileA(HINTERNET hConnect, const QString& searchFile, WIN32
         Connection* c = GetConnection(hConnect);
         Control* ctl = Ready(c);
         if (!ctl) return 0;
-        Poco::Net::StreamSocket data = ctl->OpenData(c->mlsd ? "MLSD" : "LIST", "", c->passive);
+        StreamSocket data = ctl->OpenData(c->mlsd ? "MLSD" : "LIST", "", c->passive);
         std::string body;
-        char buf[65536];
-        for (;;) {
-            const int n = data.receiveBytes(buf, int(sizeof buf));
-            if (n <= 0) break;
-            body.append(buf, size_t(n));
+        try {
+            char buf[65536];
+            for (;;) {
+                const int n = data.receiveBytes(buf, int(sizeof buf));
+                if (n <= 0) break;
+                body.append(buf, size_t(n));
+            }
+        } catch (...) {
+            Settle(*ctl, data);
+            return 0;
         }
         data.close();
         if (!ctl->FinishTransfer()) return 0;
@@ -276,7 +415,8 @@ HINTERNET FtpFindFirstFileA(HINTERNET hConnect, const QString& searchFile, WIN32
         Find f;
         f.entries = c->mlsd ? ftp::ParseMlsd(raw, enc) : ftp::ParseList(raw, enc, QDateTime::currentDateTimeUtc());
         if (!WantsAll(searchFile)) {
-            const QRegularExpression re(QRegularExpression::wildcardToRegularExpression(searchFile));
+            const QRegularExpression re(QRegularExpression::wildcardToRegularExpression(searchFile),
+                                        QRegularExpression::CaseInsensitiveOption);
             std::erase_if(f.entries, [&](const WIN32_FIND_DATA& d) { return !re.match(d.cFileName).hasMatch(); });
         }
         if (f.entries.empty()) return 0;
@@ -289,10 +429,14 @@ HINTERNET FtpFindFirstFileA(HINTERNET hConnect, const QString& searchFile, WIN32
 }
 
 bool InternetFindNextFileA(HINTERNET hFind, WIN32_FIND_DATA& findData) {
-    Find* f = Get<Find>(hFind);
-    if (!f || f->next >= f->entries.size()) return false;
-    findData = f->entries[f->next++];
-    return true;
+    try {
+        Find* f = Get<Find>(hFind);
+        if (!f || f->next >= f->entries.size()) return false;
+        findData = f->entries[f->next++];
+        return true;
+    } catch (...) {
+        return false;
+    }
 }
 
 HINTERNET FtpOpenFileA(HINTERNET hConnect, const QString& fileName, uint32_t access, uint32_t flags, uint32_t) {
@@ -306,7 +450,7 @@ HINTERNET FtpOpenFileA(HINTERNET hConnect, const QString& fileName, uint32_t acc
         st->owner = c;
         st->ascii = ascii;
         st->data = ctl->OpenData("STOR", c->Encode(fileName), c->passive);
-        st->buffer.reserve(kUploadBuffer);
+        st->buffer.reserve(kUploadBuffer + 512);
         c->activeStream = st.get();
         return Add(std::move(st));
     } catch (...) {
@@ -316,39 +460,120 @@ HINTERNET FtpOpenFileA(HINTERNET hConnect, const QString& fileName, uint32_t acc
 
 bool InternetWriteFile(HINTERNET hFile, const void* buffer, uint32_t count, uint32_t& written) {
     written = 0;
-    auto* p = Get<std::unique_ptr<Stream>>(hFile);
-    if (!p) return false;
-    Stream& st = **p;
-    if (!st.open || !st.healthy || !st.owner) return false;
+    Stream* st = nullptr;
     try {
+        auto* p = Get<std::unique_ptr<Stream>>(hFile);
+        if (!p) return false;
+        st = p->get();
+        if (!st->open || !st->owner || !st->owner->control) return false;
         const char* bytes = static_cast<const char*>(buffer);
-        if (st.ascii) {
+        if (st->ascii) {
             // The wire form of text has CR LF line ends.
             for (uint32_t i = 0; i < count; ++i) {
-                if (bytes[i] == '\n' && !st.lastWasCR) st.buffer += '\r';
-                st.buffer += bytes[i];
-                st.lastWasCR = bytes[i] == '\r';
+                if (bytes[i] == '\n' && !st->lastWasCR) st->buffer += '\r';
+                st->buffer += bytes[i];
+                st->lastWasCR = bytes[i] == '\r';
             }
         } else if (count > 0) {
-            st.buffer.append(bytes, count);
+            st->buffer.append(bytes, count);
         }
-        if (st.buffer.size() >= kUploadBuffer) {
-            if (!SendAll(st.data, st.buffer)) throw Poco::Net::NetException("short write");
-            st.buffer.clear();
+        const bool flush = st->buffer.size() >= kUploadBuffer;
+        // On a STOR the server sends nothing on the data connection and
+        // speaks on the control connection only at the end: anything to read
+        // on either means the transfer is over. Asked only when bytes go
+        // out (or nothing was given), as asking costs more than buffering.
+        if ((flush || count == 0) &&
+            (st->data.poll(Poco::Timespan(0), Socket::SELECT_READ | Socket::SELECT_ERROR) ||
+             st->owner->control->Speaking()))
+            throw Poco::Net::NetException("transfer ended by the server");
+        if (flush) {
+            if (!SendAll(st->data, st->buffer.data(), st->buffer.size()))
+                throw Poco::Net::NetException("short write");
+            st->buffer.clear();
         }
         written = count;
         return true;
     } catch (...) {
-        // Tear the transfer down here, so the connection's next command
-        // finds the dialogue in step.
-        st.healthy = false;
-        try {
-            st.data.close();
-            if (st.owner && st.owner->control) st.owner->control->FinishTransfer();
-        } catch (...) {
+        // Tear the transfer down here: the logic leaves this handle open, and
+        // the connection's next command must find the dialogue in step.
+        if (st) {
+            try {
+                EndStream(*st, false);
+            } catch (...) {
+            }
         }
-        st.open = false;
-        if (st.owner && st.owner->activeStream == &st) st.owner->activeStream = nullptr;
         return false;
     }
+}
+
+bool FtpGetFileA(HINTERNET hConnect, const QString& remoteFile, const QString& newFile, bool failIfExists,
+                 uint32_t, uint32_t flags, uint32_t) {
+    try {
+        Connection* c = GetConnection(hConnect);
+        Control* ctl = Ready(c);
+        if (!ctl) return false;
+        const QString target = localfs::ToPosix(newFile);
+        if (target.isEmpty() || (failIfExists && QFileInfo::exists(target))) return false;
+        QSaveFile out(target);  // a temporary file beside it, renamed at commit
+        if (!out.open(QIODevice::WriteOnly)) return false;
+        const bool ascii = (flags & 3) == FTP_TRANSFER_TYPE_ASCII;
+        ctl->setFileType(ascii ? Poco::Net::FTPClientSession::TYPE_TEXT : Poco::Net::FTPClientSession::TYPE_BINARY);
+        StreamSocket data = ctl->OpenData("RETR", c->Encode(remoteFile), c->passive);
+        bool ok = true;
+        try {
+            char buf[65536];
+            bool pendingCR = false;  // a CR at the end of one read, its LF maybe in the next
+            for (;;) {
+                const int n = data.receiveBytes(buf, int(sizeof buf));
+                if (n <= 0) break;
+                if (!ascii) {
+                    ok = out.write(buf, n) == n;
+                } else {
+                    // Text arrives with CR LF line ends; the local form has LF.
+                    QByteArray text;
+                    text.reserve(n + 1);
+                    for (int i = 0; i < n; ++i) {
+                        if (pendingCR && buf[i] != '\n') text += '\r';
+                        pendingCR = buf[i] == '\r';
+                        if (!pendingCR) text += buf[i];
+                    }
+                    ok = out.write(text) == text.size();
+                }
+                if (!ok) break;
+            }
+            if (ok && pendingCR) ok = out.write("\r", 1) == 1;
+        } catch (...) {
+            ok = false;
+        }
+        if (!ok) {
+            Settle(*ctl, data);
+            out.cancelWriting();
+            return false;
+        }
+        data.close();
+        if (!ctl->FinishTransfer()) {
+            out.cancelWriting();
+            return false;
+        }
+        return out.commit();
+    } catch (...) {
+        return false;
+    }
+}
+
+bool FtpCreateDirectoryA(HINTERNET hConnect, const QString& directory) {
+    return Command(hConnect, [&](Connection& c, Control& ctl) { ctl.createDirectory(c.Encode(directory)); });
+}
+
+bool FtpRemoveDirectoryA(HINTERNET hConnect, const QString& directory) {
+    return Command(hConnect, [&](Connection& c, Control& ctl) { ctl.removeDirectory(c.Encode(directory)); });
+}
+
+bool FtpDeleteFileA(HINTERNET hConnect, const QString& fileName) {
+    return Command(hConnect, [&](Connection& c, Control& ctl) { ctl.remove(c.Encode(fileName)); });
+}
+
+bool FtpRenameFileA(HINTERNET hConnect, const QString& existingName, const QString& newName) {
+    return Command(hConnect,
+                   [&](Connection& c, Control& ctl) { ctl.rename(c.Encode(existingName), c.Encode(newName)); });
 }

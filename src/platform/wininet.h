@@ -32,3 +32,14 @@ HINTERNET FtpOpenFileA(HINTERNET hConnect, const QString& fileName, uint32_t acc
                        uint32_t context);
 bool InternetWriteFile(HINTERNET hFile, const void* buffer, uint32_t numberOfBytesToWrite,
                        uint32_t& numberOfBytesWritten);
+
+// Downloads into a temporary file beside `newFile` (a Windows-form local
+// path) and renames it over the target only once the whole file arrived,
+// so a failed transfer leaves an existing file untouched. With
+// `failIfExists` an existing target makes the call fail at once.
+bool FtpGetFileA(HINTERNET hConnect, const QString& remoteFile, const QString& newFile, bool failIfExists,
+                 uint32_t flagsAndAttributes, uint32_t flags, uint32_t context);
+bool FtpCreateDirectoryA(HINTERNET hConnect, const QString& directory);
+bool FtpRemoveDirectoryA(HINTERNET hConnect, const QString& directory);
+bool FtpDeleteFileA(HINTERNET hConnect, const QString& fileName);
+bool FtpRenameFileA(HINTERNET hConnect, const QString& existingName, const QString& newName);

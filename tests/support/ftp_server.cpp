@@ -5,11 +5,14 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
 #include <QProcess>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QThread>
+#include <csignal>
+#include <sys/types.h>
 
 namespace {
 
@@ -23,6 +26,48 @@ int FreePort() {
         if (probe.listen(QHostAddress::LocalHost, port)) return port;
     }
     return 0;
+}
+
+// Every process below `root`, found through /proc.
+QList<qint64> Descendants(qint64 root) {
+    QList<qint64> found;
+    if (root <= 0) return found;
+    QMultiMap<qint64, qint64> children;
+    for (const QString& entry : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+        bool isPid = false;
+        const qint64 pid = entry.toLongLong(&isPid);
+        if (!isPid) continue;
+        QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
+        if (!stat.open(QIODevice::ReadOnly)) continue;
+        // "pid (name) state ppid ...": the name may hold blanks and brackets.
+        const QByteArray line = stat.readAll();
+        const QList<QByteArray> rest = line.mid(line.lastIndexOf(')') + 2).split(' ');
+        if (rest.size() > 1) children.insert(rest[1].toLongLong(), pid);
+    }
+    QList<qint64> todo{root};
+    while (!todo.isEmpty()) {
+        for (qint64 child : children.values(todo.takeFirst())) {
+            found << child;
+            todo << child;
+        }
+    }
+    return found;
+}
+
+// A killed process has closed its sockets once it is a zombie or gone;
+// until then its clients may not see it go.
+void WaitGone(const QList<qint64>& pids) {
+    QElapsedTimer t;
+    t.start();
+    for (qint64 pid : pids) {
+        while (t.elapsed() < 3000) {
+            QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
+            if (!stat.open(QIODevice::ReadOnly)) break;
+            const QByteArray line = stat.readAll();
+            if (line.mid(line.lastIndexOf(')') + 2, 1) == "Z") break;
+            QThread::msleep(5);
+        }
+    }
 }
 
 // A passive port range of its own per server keeps parallel tests apart.
@@ -67,6 +112,7 @@ bool FtpServer::Start() {
         QStringList args{QStringLiteral(FERRYDOCK_SOURCE_DIR "/tests/support/pyftpdlib_server.py"),
                          QString::number(port_), root()};
         if (kind_ == Kind::PyftpdlibWithDots) args << QStringLiteral("--dots");
+        if (kind_ == Kind::PyftpdlibPassiveOnly) args << QStringLiteral("--passive-only");
         process_->start(QStringLiteral("/usr/bin/python3"), args);
     } else {
         const int pasv = PassiveBase(port_);
@@ -96,6 +142,11 @@ bool FtpServer::Start() {
 
 void FtpServer::Stop() {
     if (!process_) return;
+    // vsftpd's sessions are forked children that outlive the listener: they
+    // are ended too, by their ids, so the server's clients see it go.
+    const QList<qint64> sessions = Descendants(process_->processId());
+    for (qint64 pid : sessions) ::kill(pid_t(pid), SIGKILL);
+    WaitGone(sessions);
     if (process_->state() != QProcess::NotRunning) {
         process_->terminate();
         if (!process_->waitForFinished(3000)) {
@@ -104,9 +155,11 @@ void FtpServer::Stop() {
         }
     }
     process_.reset();
-    // vsftpd's session processes outlive the listener: end them too.
-    if (kind_ == Kind::Vsftpd)
-        QProcess::execute(QStringLiteral("pkill"), {QStringLiteral("-f"), dir_->path() + "/vsftpd.conf"});
+}
+
+bool FtpServer::Restart() {
+    Stop();
+    return Start();
 }
 
 bool FtpServer::Running() const {

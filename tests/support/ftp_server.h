@@ -4,7 +4,8 @@
 // pyftpdlib: users "test"/"secret" (everything), "reader"/"secret" (list and
 // read only). vsftpd: anonymous login with uploads; it runs unprivileged, so
 // its "/" is the machine's root and a session starts in root(); `readOnly`
-// refuses every write.
+// refuses every write. A failed login costs 3 s on pyftpdlib, so tests use
+// few; vsftpd refuses any user but anonymous at once.
 #pragma once
 
 #include <QString>
@@ -16,7 +17,8 @@ class QTemporaryDir;
 class FtpServer {
 public:
     // PyftpdlibWithDots: LIST only, and every listing starts with "." and "..".
-    enum class Kind { Pyftpdlib, Vsftpd, PyftpdlibWithDots };
+    // PyftpdlibPassiveOnly: PORT and EPRT are refused.
+    enum class Kind { Pyftpdlib, Vsftpd, PyftpdlibWithDots, PyftpdlibPassiveOnly };
     // readOnly (vsftpd only): every write is refused.
     explicit FtpServer(Kind kind, bool readOnly = false);
     FtpServer(const FtpServer&) = delete;
@@ -27,6 +29,7 @@ public:
     // the same port over the same root.
     void Stop();
     bool Start();
+    bool Restart();
     bool Running() const;
 
     Kind kind() const { return kind_; }
@@ -38,6 +41,8 @@ public:
     QString serverRoot() const;
     QString user() const;
     QString password() const;
+    // A user who may list and read but not write (pyftpdlib only).
+    static QString readOnlyUser() { return QStringLiteral("reader"); }
 
     // Writes a file below the root (folders made as needed).
     void WriteFile(const QString& relative, const QByteArray& content) const;

@@ -2,8 +2,9 @@
 
 Users: test/secret may do everything; reader/secret may only list and read;
 anonymous reads. With --dots the server offers no MLSD and its LIST starts
-with "." and "..", as some servers' listings do.
-Usage: pyftpdlib_server.py PORT ROOT [--dots]
+with "." and "..", as some servers' listings do. With --passive-only it
+refuses PORT and EPRT (500), as servers behind some firewalls do.
+Usage: pyftpdlib_server.py PORT ROOT [--dots] [--passive-only]
 """
 import logging
 import sys
@@ -34,7 +35,9 @@ def main():
     handler.permit_foreign_addresses = True
     if "--dots" in sys.argv[3:]:
         handler.abstracted_fs = DotsFS
-        handler.proto_cmds = {k: v for k, v in FTPHandler.proto_cmds.items() if k not in ("MLSD", "MLST")}
+        handler.proto_cmds = {k: v for k, v in handler.proto_cmds.items() if k not in ("MLSD", "MLST")}
+    if "--passive-only" in sys.argv[3:]:
+        handler.proto_cmds = {k: v for k, v in handler.proto_cmds.items() if k not in ("PORT", "EPRT")}
     server = FTPServer(("127.0.0.1", port), handler)
     server.max_cons = 64
     print("ready", flush=True)
