@@ -1,19 +1,28 @@
 #include "transfer/asciiDat.h"
 
 #include "frame/mPublic.h"
+#include "platform/localfs.h"
 
 #include <QFile>
 #include <QSaveFile>
 
 QString AsciiDatPath() {
-    return AppPathPosix() + QStringLiteral("/ascii.dat");
+    return localfs::ToPosix(AppPath() + QStringLiteral("\\ascii.dat"));
 }
+
+namespace {
+bool IsLineEnd(QChar c) {
+    return c == '\r' || c == '\n';
+}
+}  // namespace
 
 QStringList ReadFields(const QByteArray& text) {
     QStringList fields;
     const QString s = QString::fromLocal8Bit(text);
-    qsizetype i = 0;
     const qsizetype n = s.size();
+    qsizetype i = 0;
+    // Each pass is one read: the loop asks for the end first, like the
+    // classic loop over the file does.
     while (i < n) {
         while (i < n && (s[i] == ' ' || s[i] == '\t')) ++i;
         QString field;
@@ -21,32 +30,40 @@ QStringList ReadFields(const QByteArray& text) {
             const qsizetype close = s.indexOf('"', i + 1);
             field = s.mid(i + 1, close < 0 ? -1 : close - i - 1);
             i = close < 0 ? n : close + 1;
-            // Whatever follows the closing quote up to the delimiter is dropped.
-            while (i < n && s[i] != ',' && s[i] != '\r' && s[i] != '\n') ++i;
+            while (i < n && s[i] != ',' && !IsLineEnd(s[i])) ++i;
         } else {
-            while (i < n && s[i] != ',' && s[i] != '\r' && s[i] != '\n') field += s[i++];
+            const qsizetype start = i;
+            while (i < n && s[i] != ',' && !IsLineEnd(s[i])) ++i;
+            field = s.mid(start, i - start);
         }
         fields << field;
+        // The delimiter goes with the field: a comma, or one line end.
         if (i < n && s[i] == ',') {
             ++i;
-            // A comma at the very end of a line still ends an empty field.
-            if (i >= n || s[i] == '\r' || s[i] == '\n') fields << QString();
+        } else {
+            if (i < n && s[i] == '\r') ++i;
+            if (i < n && s[i] == '\n') ++i;
         }
-        if (i < n && s[i] == '\r') ++i;
-        if (i < n && s[i] == '\n') ++i;
     }
     return fields;
 }
 
 QStringList ReadAsciiDat() {
+    // A missing list is no list: the classic loop over a missing file never
+    // ended, this one has nothing to read.
     QFile f(AsciiDatPath());
     if (!f.open(QIODevice::ReadOnly)) return {};
     return ReadFields(f.readAll());
 }
 
 bool WriteAsciiDat(const QStringList& entries) {
+    QByteArray bytes;
+    for (const QString& e : entries) bytes += e.toLocal8Bit() + "\r\n";
+    // Through a temporary beside it, so a failed write keeps the old list;
+    // a read-only ascii.dat is refused as the classic open refused it.
     QSaveFile f(AsciiDatPath());
+    f.setDirectWriteFallback(true);
     if (!f.open(QIODevice::WriteOnly)) return false;
-    for (const QString& e : entries) f.write((e + "\r\n").toLocal8Bit());
+    f.write(bytes);
     return f.commit();
 }

@@ -5,14 +5,19 @@
 #include <QString>
 #include <QStringList>
 
-// The path of ascii.dat in the program folder (POSIX form).
+// The path of ascii.dat in the program folder (POSIX form, found whatever
+// its case on disk).
 QString AsciiDatPath();
 
-// Fields as the classic formatted input reads them: a comma or a line end
-// ends a field, a quoted field is taken as it stands, leading blanks are
-// dropped, an empty line gives an empty field.
+// Fields as the classic formatted input reads them, one read after another
+// until the end of the text: a comma or a line end ends a field, a quoted
+// field runs to its closing quote (commas and line ends included) and what
+// follows it up to the delimiter is dropped, leading blanks are dropped, an
+// empty line gives an empty field. A comma as the very last character ends
+// the text, so it gives no further field.
 QStringList ReadFields(const QByteArray& text);
 // The fields of ascii.dat; none when it can't be read.
 QStringList ReadAsciiDat();
-// One entry a line, each ended by CR LF; false when it can't be written.
+// One entry a line as it stands (no quoting), each ended by CR LF; false
+// when the file can't be written, and then the old file stays whole.
 bool WriteAsciiDat(const QStringList& entries);

@@ -3,11 +3,12 @@
 #include "frame/mdiMain.h"
 #include "language/frmTransferHistory.h"
 #include "transfer/frmASCIIListe.h"
+#include "transfer/upload.h"
 
 void MdiMain::cboTransferMode_Click() {
     // While the log is empty (the frame's own load) the choice only resets
-    // the mode; the menu ticks stay as designed.
-    if (frmTransferHistory().rtfTransferHistory->Text().trimmed().isEmpty()) {
+    // the mode; the menu ticks stay as designed, AUTO ticked.
+    if (TrimBlanks(frmTransferHistory().rtfTransferHistory->Text()).isEmpty()) {
         lTransferMode = 2;
         return;
     }
@@ -19,8 +20,11 @@ void MdiMain::cboTransferMode_Click() {
     }
 }
 
+// Each entry sets the combo too; the combo's click that this raises runs the
+// same entry again, whose own assignment then raises nothing.
 void MdiMain::mnuVerbindungTransferASCII_Click() {
     lTransferMode = 1;
+    // Only this entry moves the caret; the others never did.
     MoveLogCaretToEnd();
     mnuVerbindungTransferASCII->setChecked(true);
     mnuVerbindungTransferBINARY->setChecked(false);
