@@ -2,19 +2,27 @@
 
 namespace controls {
 
+namespace {
+quint64 NextSerial() {
+    static quint64 next = 0;
+    return ++next;
+}
+}  // namespace
+
+ImageList::ImageList(QObject* parent) : QObject(parent), serial_(NextSerial()) {}
+
 bool ImageList::Add(const QString& key, const QIcon& picture) {
     if (picture.isNull()) return false;
     if (!key.isEmpty() && IndexOf(key) > 0) return false;
     images_.push_back({key, picture});
     if (!key.isEmpty()) index_.insert(key, Count());
-    emit changed();
     return true;
 }
 
 void ImageList::Clear() {
     images_.clear();
     index_.clear();
-    emit changed();
+    serial_ = NextSerial();
 }
 
 int ImageList::IndexOf(const QString& key) const {

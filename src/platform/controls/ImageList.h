@@ -12,7 +12,7 @@ namespace controls {
 class ImageList : public QObject {
     Q_OBJECT
 public:
-    using QObject::QObject;
+    explicit ImageList(QObject* parent = nullptr);
 
     // False (and nothing added) when the key exists already or the picture
     // is null; an empty key is allowed, like an unkeyed image.
@@ -26,10 +26,13 @@ public:
     QIcon Picture(int index) const;
     QIcon Picture(const QString& key) const { return Picture(IndexOf(key)); }
 
-signals:
-    void changed();
+    // Names this list's pictures as they stand: a key, once added, keeps its
+    // picture until the list is cleared, and each clear (like each list)
+    // gets a serial no other list had. Users may cache pictures by it.
+    quint64 Serial() const { return serial_; }
 
 private:
+    quint64 serial_;
     struct Image {
         QString key;
         QIcon picture;

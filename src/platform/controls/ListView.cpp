@@ -8,42 +8,106 @@
 #include <QKeyEvent>
 #include <QListView>
 #include <QMouseEvent>
-#include <QStandardItemModel>
+#include <QAbstractTableModel>
 #include <QTreeView>
 
 namespace controls {
 
-// Lets the list tell its views "everything changed" after a bulk fill.
-class RowModel : public QStandardItemModel {
-public:
-    using QStandardItemModel::QStandardItemModel;
-    void Reset() {
-        beginResetModel();
-        endResetModel();
-    }
-};
-
 namespace {
 constexpr int kSubItems = 4;
-constexpr int kKeyRole = Qt::UserRole + 1;
-
-int ButtonCode(Qt::MouseButton b) {
-    switch (b) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return 2;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
-    }
-}
-int ShiftCode(Qt::KeyboardModifiers m) {
-    return ((m & Qt::ShiftModifier) ? 1 : 0) | ((m & Qt::ControlModifier) ? 2 : 0) |
-           ((m & Qt::AltModifier) ? 4 : 0);
-}
+constexpr int kColumns = 1 + kSubItems;
 }  // namespace
+
+// The rows as a flat table: a listing of many thousand rows is filled with
+// one append per row and a few string assignments, no item objects.
+class RowModel : public QAbstractTableModel {
+public:
+    struct Row {
+        QString cells[kColumns];
+        QString key;
+        QIcon icon;
+    };
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override {
+        return parent.isValid() ? 0 : int(rows_.size());
+    }
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override {
+        return parent.isValid() ? 0 : kColumns;
+    }
+    QVariant data(const QModelIndex& index, int role) const override {
+        const Row* row = At(index.row());
+        if (!row || index.column() < 0 || index.column() >= kColumns) return {};
+        switch (role) {
+        case Qt::DisplayRole: return row->cells[index.column()];
+        case Qt::DecorationRole: return index.column() == 0 ? QVariant(row->icon) : QVariant();
+        case Qt::TextAlignmentRole: return Alignment(index.column());
+        default: return {};
+        }
+    }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (orientation != Qt::Horizontal || section < 0 || section >= kColumns) return {};
+        if (role == Qt::DisplayRole) return headers_[section];
+        if (role == Qt::TextAlignmentRole) return Alignment(section);
+        return {};
+    }
+    Qt::ItemFlags flags(const QModelIndex& index) const override {
+        return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+    }
+
+    const Row* At(int row) const { return row >= 0 && row < rowCount() ? &rows_[size_t(row)] : nullptr; }
+
+    void Append(Row row) {
+        const int at = rowCount();
+        if (!bulk_) beginInsertRows(QModelIndex(), at, at);
+        rows_.push_back(std::move(row));
+        if (!bulk_) endInsertRows();
+    }
+    void SetCell(int row, int column, const QString& text) {
+        rows_[size_t(row)].cells[column] = text;
+        if (!bulk_) emit dataChanged(index(row, column), index(row, column), {Qt::DisplayRole});
+    }
+    void Clear() {
+        if (rows_.empty()) return;
+        if (!bulk_) beginRemoveRows(QModelIndex(), 0, rowCount() - 1);
+        rows_.clear();
+        if (!bulk_) endRemoveRows();
+    }
+    void SetHeader(int section, const QString& text, int alignment) {
+        headers_[section] = text;
+        alignments_[section] = alignment;
+        emit headerDataChanged(Qt::Horizontal, section, section);
+    }
+    void ClearHeaders() {
+        for (int c = 0; c < kColumns; ++c) SetHeader(c, QString(), 0);
+    }
+
+    // While bulk, the views hear nothing; its end tells them everything
+    // changed.
+    void SetBulk(bool on) {
+        if (on == bulk_) return;
+        bulk_ = on;
+        if (!on) {
+            beginResetModel();
+            endResetModel();
+        }
+    }
+
+private:
+    QVariant Alignment(int column) const {
+        return alignments_[column] == 1 ? int(Qt::AlignRight | Qt::AlignVCenter) : int(Qt::AlignLeft | Qt::AlignVCenter);
+    }
+
+    std::vector<Row> rows_;
+    QString headers_[kColumns];
+    int alignments_[kColumns] = {};
+    bool bulk_ = false;
+};
 
 ListView::ListView(QWidget* parent)
     : QStackedWidget(parent),
-      model_(new RowModel(0, 1 + kSubItems, this)),
+      model_(new RowModel(this)),
       iconView_(new QListView(this)),
       reportView_(new QTreeView(this)) {
     iconView_->setModel(model_);
@@ -74,47 +138,43 @@ void ListView::watch(QAbstractItemView* view) {
 }
 
 void ListView::ColumnHeadersClear() {
-    model_->setColumnCount(0);
-    model_->setColumnCount(1 + kSubItems);
-    for (int c = 0; c <= kSubItems; ++c) model_->setHeaderData(c, Qt::Horizontal, QString());
-    for (int c = 0; c <= kSubItems; ++c) reportView_->setColumnHidden(c, true);
+    model_->ClearHeaders();
+    for (int c = 0; c < kColumns; ++c) reportView_->setColumnHidden(c, true);
     headers_ = 0;
 }
 
 void ListView::ColumnHeadersAdd(const QString& text, int widthTwips, int alignment) {
-    if (headers_ > kSubItems) return;
+    if (headers_ >= kColumns) return;
     const int c = headers_++;
-    model_->setHeaderData(c, Qt::Horizontal, text);
-    model_->setHeaderData(c, Qt::Horizontal, alignment == 1 ? int(Qt::AlignRight | Qt::AlignVCenter) : int(Qt::AlignLeft | Qt::AlignVCenter),
-                          Qt::TextAlignmentRole);
+    model_->SetHeader(c, text, alignment);
     reportView_->setColumnHidden(c, false);
     reportView_->setColumnWidth(c, ToPixels(widthTwips));
-    alignments_[c] = alignment;
 }
 
 int ListView::ColumnCount() const { return headers_; }
 
 QString ListView::ColumnHeader(int index) const {
     if (index < 1 || index > headers_) return {};
-    return model_->headerData(index - 1, Qt::Horizontal).toString();
+    return model_->headerData(index - 1, Qt::Horizontal, Qt::DisplayRole).toString();
 }
 
 void ListView::SetIcons(ImageList* large) {
-    if (large_) disconnect(large_, nullptr, this, nullptr);
     large_ = large;
-    if (large_) connect(large_, &ImageList::changed, this, [this] { iconCache_.clear(); });
-    iconCache_.clear();
 }
 
 void ListView::SetSmallIcons(ImageList* small) {
-    if (small_) disconnect(small_, nullptr, this, nullptr);
     small_ = small;
-    if (small_) connect(small_, &ImageList::changed, this, [this] { iconCache_.clear(); });
-    iconCache_.clear();
 }
 
 QIcon ListView::iconFor(const QString& largeKey, const QString& smallKey) {
-    const QString cacheKey = largeKey + QChar(0) + smallKey;
+    // Rebinding the same lists (each server read does) keeps what was made.
+    const std::pair<quint64, quint64> serials{large_ ? large_->Serial() : 0, small_ ? small_->Serial() : 0};
+    if (serials != cacheSerials_) {
+        iconCache_.clear();
+        cacheSerials_ = serials;
+    }
+    // Lists name both pictures alike almost always: then one key says it.
+    const QString cacheKey = largeKey == smallKey ? largeKey : largeKey + QChar(0) + smallKey;
     auto it = iconCache_.constFind(cacheKey);
     if (it != iconCache_.constEnd()) return *it;
     // One icon carrying both pictures; each view picks its size.
@@ -130,47 +190,40 @@ QIcon ListView::iconFor(const QString& largeKey, const QString& smallKey) {
 int ListView::Add(const QString& text, const QString& largeKey, const QString& smallKey) {
     if (!largeKey.isEmpty() && !(large_ && large_->HasKey(largeKey))) return 0;
     if (!smallKey.isEmpty() && !(small_ && small_->HasKey(smallKey))) return 0;
-    QList<QStandardItem*> row;
-    row.reserve(1 + kSubItems);
-    auto* item = new QStandardItem(text);
-    item->setData(largeKey, kKeyRole);
-    if (!largeKey.isEmpty() || !smallKey.isEmpty()) item->setIcon(iconFor(largeKey, smallKey));
-    row << item;
-    for (int c = 1; c <= kSubItems; ++c) {
-        auto* sub = new QStandardItem;
-        if (alignments_[c] == 1) sub->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        row << sub;
-    }
+    RowModel::Row row;
+    row.cells[0] = text;
+    row.key = largeKey;
+    if (!largeKey.isEmpty() || !smallKey.isEmpty()) row.icon = iconFor(largeKey, smallKey);
     const bool first = model_->rowCount() == 0;
-    model_->appendRow(row);
+    model_->Append(std::move(row));
     if (first) SetSelected(1, true);
     return model_->rowCount();
 }
 
 void ListView::Clear() {
-    model_->removeRows(0, model_->rowCount());
+    model_->Clear();
 }
 
 int ListView::Count() const { return model_->rowCount(); }
 
 QString ListView::Text(int index) const {
-    if (index < 1 || index > Count()) return {};
-    return model_->item(index - 1, 0)->text();
+    const RowModel::Row* row = model_->At(index - 1);
+    return row ? row->cells[0] : QString();
 }
 
 QString ListView::IconKey(int index) const {
-    if (index < 1 || index > Count()) return {};
-    return model_->item(index - 1, 0)->data(kKeyRole).toString();
+    const RowModel::Row* row = model_->At(index - 1);
+    return row ? row->key : QString();
 }
 
 QString ListView::SubItem(int index, int sub) const {
-    if (index < 1 || index > Count() || sub < 1 || sub > kSubItems) return {};
-    return model_->item(index - 1, sub)->text();
+    const RowModel::Row* row = model_->At(index - 1);
+    return row && sub >= 1 && sub <= kSubItems ? row->cells[sub] : QString();
 }
 
 bool ListView::SetSubItem(int index, int sub, const QString& text) {
-    if (index < 1 || index > Count() || sub < 1 || sub > kSubItems) return false;
-    model_->item(index - 1, sub)->setText(text);
+    if (!model_->At(index - 1) || sub < 1 || sub > kSubItems) return false;
+    model_->SetCell(index - 1, sub, text);
     return true;
 }
 
@@ -198,16 +251,15 @@ int ListView::SelectedIndex() const {
 void ListView::BeginBulk() {
     if (bulk_) return;
     bulk_ = true;
-    model_->blockSignals(true);
+    model_->SetBulk(true);
 }
 
 void ListView::EndBulk() {
     if (!bulk_) return;
     bulk_ = false;
-    model_->blockSignals(false);
     // The reset drops the selection: the first row stays the selected one.
     const bool firstSelected = Count() > 0 && Selected(1);
-    model_->Reset();
+    model_->SetBulk(false);
     if (firstSelected || (Count() > 0 && !reportView_->selectionModel()->currentIndex().isValid()))
         SetSelected(1, true);
 }
@@ -259,7 +311,7 @@ bool ListView::eventFilter(QObject* watched, QEvent* event) {
         if (onMouseDown) {
             auto* me = static_cast<QMouseEvent*>(event);
             const QPoint p = me->position().toPoint();
-            QMetaObject::invokeMethod(this, [this, b = ButtonCode(me->button()), s = ShiftCode(me->modifiers()), p] {
+            QMetaObject::invokeMethod(this, [this, b = ButtonOf(me->button()), s = ShiftOf(me->modifiers()), p] {
                 if (onMouseDown) onMouseDown(b, s, ToTwips(p.x()), ToTwips(p.y()));
             }, Qt::QueuedConnection);
         }
@@ -268,7 +320,7 @@ bool ListView::eventFilter(QObject* watched, QEvent* event) {
         if (onMouseUp) {
             auto* me = static_cast<QMouseEvent*>(event);
             const QPoint p = me->position().toPoint();
-            QMetaObject::invokeMethod(this, [this, b = ButtonCode(me->button()), s = ShiftCode(me->modifiers()), p] {
+            QMetaObject::invokeMethod(this, [this, b = ButtonOf(me->button()), s = ShiftOf(me->modifiers()), p] {
                 if (onMouseUp) onMouseUp(b, s, ToTwips(p.x()), ToTwips(p.y()));
             }, Qt::QueuedConnection);
         }

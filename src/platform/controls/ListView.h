@@ -6,24 +6,21 @@
 // list becomes the selected item.
 #pragma once
 
-#include <QHash>
 #include "platform/controls/ImageList.h"
 
+#include <QHash>
 #include <QPointer>
 #include <QStackedWidget>
 #include <functional>
+#include <utility>
 
-class QStandardItemModel;
-namespace controls {
-class RowModel;
-}
 class QListView;
 class QTreeView;
 class QAbstractItemView;
 
 namespace controls {
 
-
+class RowModel;
 
 class ListView : public QStackedWidget {
     Q_OBJECT
@@ -85,10 +82,10 @@ private:
     QPointer<ImageList> large_;
     QPointer<ImageList> small_;
     QHash<QString, QIcon> iconCache_;
+    std::pair<quint64, quint64> cacheSerials_{0, 0};
     int view_ = 0;
     int headers_ = 0;
     bool bulk_ = false;
-    int alignments_[5] = {0, 0, 0, 0, 0};
     int refreshes_ = 0;
 };
 

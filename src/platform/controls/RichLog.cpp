@@ -1,5 +1,6 @@
 #include "platform/controls/RichLog.h"
 
+#include "platform/controls/keys.h"
 #include "platform/controls/twips.h"
 
 #include <QMouseEvent>
@@ -14,14 +15,6 @@ QColor ToQColor(uint32_t rgb) {
 }
 uint32_t FromQColor(const QColor& c) {
     return uint32_t(c.red()) | (uint32_t(c.green()) << 8) | (uint32_t(c.blue()) << 16);
-}
-int ButtonCode(Qt::MouseButton b) {
-    switch (b) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return 2;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
-    }
 }
 }  // namespace
 
@@ -89,10 +82,7 @@ uint32_t RichLog::ColorAt(int pos) const {
 void RichLog::mouseReleaseEvent(QMouseEvent* e) {
     QTextEdit::mouseReleaseEvent(e);
     if (onMouseUp) {
-        int shift = 0;
-        if (e->modifiers() & Qt::ShiftModifier) shift |= 1;
-        if (e->modifiers() & Qt::ControlModifier) shift |= 2;
-        onMouseUp(ButtonCode(e->button()), shift, ToTwips(int(e->position().x())), ToTwips(int(e->position().y())));
+        onMouseUp(ButtonOf(e->button()), ShiftOf(e->modifiers()), ToTwips(int(e->position().x())), ToTwips(int(e->position().y())));
     }
 }
 

@@ -32,11 +32,24 @@ int KeyCodeOf(const QKeyEvent* e) {
 }
 
 int ShiftOf(const QKeyEvent* e) {
+    return ShiftOf(e->modifiers());
+}
+
+int ShiftOf(Qt::KeyboardModifiers m) {
     int s = 0;
-    if (e->modifiers() & Qt::ShiftModifier) s |= vbShiftMask;
-    if (e->modifiers() & Qt::ControlModifier) s |= vbCtrlMask;
-    if (e->modifiers() & Qt::AltModifier) s |= vbAltMask;
+    if (m & Qt::ShiftModifier) s |= vbShiftMask;
+    if (m & Qt::ControlModifier) s |= vbCtrlMask;
+    if (m & Qt::AltModifier) s |= vbAltMask;
     return s;
+}
+
+int ButtonOf(Qt::MouseButton b) {
+    switch (b) {
+    case Qt::LeftButton: return 1;
+    case Qt::RightButton: return 2;
+    case Qt::MiddleButton: return 4;
+    default: return 0;
+    }
 }
 
 }  // namespace controls

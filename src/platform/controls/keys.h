@@ -1,6 +1,9 @@
-// Key codes as the logic knows them (9 Tab, 13 Return, 46 Delete, 115 F4,
-// 116 F5), translated from Qt's.
+// Key, button and shift codes as the logic knows them (9 Tab, 13 Return,
+// 46 Delete, 115 F4, 116 F5; buttons 1 left, 2 right, 4 middle), translated
+// from Qt's.
 #pragma once
+
+#include <QtCore/qnamespace.h>
 
 class QKeyEvent;
 
@@ -16,4 +19,6 @@ constexpr int vbAltMask = 4;
 
 int KeyCodeOf(const QKeyEvent* event);
 int ShiftOf(const QKeyEvent* event);
+int ShiftOf(Qt::KeyboardModifiers modifiers);
+int ButtonOf(Qt::MouseButton button);
 }  // namespace controls
