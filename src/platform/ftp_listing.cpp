@@ -11,11 +11,11 @@ namespace {
 constexpr int64_t kTicksPerSecond = 10'000'000;
 constexpr int64_t kJulianDayOf1970 = 2440588;
 
-QString Decode(const QByteArray& bytes, NameEncoding enc) {
+QString Decode(QByteArrayView bytes, NameEncoding enc) {
     return enc == NameEncoding::Utf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
 }
 
-bool IsDigits(const QByteArray& s) {
+bool IsDigits(QByteArrayView s) {
     if (s.isEmpty()) return false;
     for (char c : s)
         if (c < '0' || c > '9') return false;
@@ -49,73 +49,103 @@ void SetSize(WIN32_FIND_DATA& d, uint64_t size) {
 }
 
 // CRLF or bare LF; blank lines carry nothing.
-QList<QByteArray> Lines(const QByteArray& body) {
-    QList<QByteArray> out;
-    for (QByteArray line : body.split('\n')) {
+template <class F>
+void ForEachLine(const QByteArray& body, F&& f) {
+    const QByteArrayView all(body);
+    qsizetype from = 0;
+    while (from < all.size()) {
+        qsizetype end = all.indexOf('\n', from);
+        if (end < 0) end = all.size();
+        QByteArrayView line = all.sliced(from, end - from);
+        from = end + 1;
         if (line.endsWith('\r')) line.chop(1);
-        if (!line.trimmed().isEmpty()) out << line;
+        if (!line.trimmed().isEmpty()) f(line);
     }
-    return out;
 }
 
-int MonthOf(const QByteArray& m) {
+int MonthOf(QByteArrayView m) {
     static const char* const names[] = {"jan", "feb", "mar", "apr", "may", "jun",
                                         "jul", "aug", "sep", "oct", "nov", "dec"};
     if (m.size() != 3) return 0;
-    const QByteArray l = m.toLower();
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; };
     for (int i = 0; i < 12; ++i)
-        if (l == names[i]) return i + 1;
+        if (lower(m[0]) == names[i][0] && lower(m[1]) == names[i][1] && lower(m[2]) == names[i][2]) return i + 1;
     return 0;
 }
 
+// Views into the line: a listing of many thousand lines is split into
+// fields without copying them.
 struct Field {
-    QByteArray text;
+    QByteArrayView text;
     qsizetype end = 0;  // index just behind the field in the line
 };
 
-std::vector<Field> FieldsOf(const QByteArray& line) {
+std::vector<Field> FieldsOf(QByteArrayView line) {
     std::vector<Field> out;
+    out.reserve(12);
     qsizetype pos = 0;
     while (pos < line.size()) {
         while (pos < line.size() && line[pos] == ' ') ++pos;
         const qsizetype begin = pos;
         while (pos < line.size() && line[pos] != ' ') ++pos;
-        if (pos > begin) out.push_back(Field{line.mid(begin, pos - begin), pos});
+        if (pos > begin) out.push_back(Field{line.sliced(begin, pos - begin), pos});
     }
     return out;
 }
 
 // "rwxr-xr-x" behind a type letter; ACL marks ("+", ".") may follow.
-bool IsModeField(const QByteArray& f) {
-    if (f.size() < 10 || !QByteArray("-dlcbpsD").contains(f[0])) return false;
+bool IsModeField(QByteArrayView f) {
+    if (f.size() < 10 || !QByteArrayView("-dlcbpsD").contains(f[0])) return false;
     for (int i = 1; i < 10; ++i)
-        if (!QByteArray("-rwxsStTlL").contains(f[i])) return false;
+        if (!QByteArrayView("-rwxsStTlL").contains(f[i])) return false;
     return true;
 }
 
+int ToInt(QByteArrayView digits) {
+    int n = 0;
+    for (char c : digits) n = n * 10 + (c - '0');
+    return n;
+}
+
 // "HH:MM" or "HH:MM:SS".
-bool ReadClock(const QByteArray& f, Stamp& s) {
-    const QList<QByteArray> parts = f.split(':');
-    if (parts.size() < 2 || parts.size() > 3) return false;
-    for (const QByteArray& p : parts)
-        if (!IsDigits(p) || p.size() > 2) return false;
-    s.hour = parts[0].toInt();
-    s.minute = parts[1].toInt();
-    s.second = parts.size() == 3 ? parts[2].toInt() : 0;
+bool ReadClock(QByteArrayView f, Stamp& s) {
+    int parts[3] = {};
+    int count = 0;
+    qsizetype from = 0;
+    for (;;) {
+        const qsizetype colon = f.indexOf(':', from);
+        const QByteArrayView part = f.sliced(from, (colon < 0 ? f.size() : colon) - from);
+        if (count == 3 || !IsDigits(part) || part.size() > 2) return false;
+        parts[count++] = ToInt(part);
+        if (colon < 0) break;
+        from = colon + 1;
+    }
+    if (count < 2) return false;
+    s.hour = parts[0];
+    s.minute = parts[1];
+    s.second = parts[2];
     return true;
 }
+
+// What the year inference needs of `now`, worked out once a listing.
+struct Now {
+    int64_t limit;
+    int year;
+    explicit Now(const QDateTime& now) {
+        const QDateTime utc = now.toUTC();
+        limit = utc.toSecsSinceEpoch() + 86400;
+        year = utc.date().year();
+    }
+};
 
 // ls leaves the year out for recent dates. The latest year that doesn't put
 // the date more than a day past `now` is meant; the day of slack covers
 // servers whose clock or zone runs ahead of ours.
-bool InferYear(int month, int day, Stamp& s, const QDateTime& now) {
-    const QDateTime utcNow = now.toUTC();
-    const int64_t limit = utcNow.toSecsSinceEpoch() + 86400;
-    const int thisYear = utcNow.date().year();
+bool InferYear(int month, int day, Stamp& s, const Now& now) {
     // Eight years back reaches the next 29 February from anywhere.
-    for (int year = thisYear + 1; year >= thisYear - 8; --year) {
+    for (int year = now.year + 1; year >= now.year - 8; --year) {
         s.date = QDate(year, month, day);
-        if (s.IsValid() && s.UnixSeconds() <= limit) return true;
+        if (s.IsValid() && s.UnixSeconds() <= now.limit) return true;
     }
     return false;
 }
@@ -123,7 +153,7 @@ bool InferYear(int month, int day, Stamp& s, const QDateTime& now) {
 // "drwxr-xr-x 2 owner group 4096 Mar  5  2001 name". The date is found
 // first and everything else is read from there, so numeric owners, a
 // missing group or a missing link count don't disturb the columns.
-bool ParseUnix(const QByteArray& line, NameEncoding enc, const QDateTime& now, WIN32_FIND_DATA& out) {
+bool ParseUnix(QByteArrayView line, NameEncoding enc, const Now& now, WIN32_FIND_DATA& out) {
     const std::vector<Field> f = FieldsOf(line);
     if (f.size() < 5 || !IsModeField(f[0].text)) return false;
     const char type = f[0].text[0];
@@ -134,13 +164,13 @@ bool ParseUnix(const QByteArray& line, NameEncoding enc, const QDateTime& now, W
     for (size_t i = 2; i + 2 < f.size(); ++i) {
         // Size before the month; devices give "major, minor" or "major,minor".
         when = Stamp{};
-        const QByteArray& before = f[i - 1].text;
+        const QByteArrayView before = f[i - 1].text;
         if (!IsDigits(before) && !before.contains(',')) continue;
         month = MonthOf(f[i].text);
         if (!month || !IsDigits(f[i + 1].text) || f[i + 1].text.size() > 2) continue;
-        day = f[i + 1].text.toInt();
+        day = ToInt(f[i + 1].text);
         if (day < 1 || day > 31) continue;
-        const QByteArray& third = f[i + 2].text;
+        const QByteArrayView third = f[i + 2].text;
         if (third.contains(':')) {
             if (!ReadClock(third, when)) continue;
         } else if (!IsDigits(third) || third.size() != 4) {
@@ -155,13 +185,13 @@ bool ParseUnix(const QByteArray& line, NameEncoding enc, const QDateTime& now, W
     // further blanks belong to the name.
     const qsizetype nameStart = f[m + 2].end + 1;
     if (nameStart >= line.size()) return false;
-    QByteArray name = line.mid(nameStart);
+    QByteArrayView name = line.sliced(nameStart);
 
-    const QByteArray& third = f[m + 2].text;
+    const QByteArrayView third = f[m + 2].text;
     if (third.contains(':')) {
         if (!InferYear(month, day, when, now)) return false;
     } else {
-        when.date = QDate(third.toInt(), month, day);
+        when.date = QDate(ToInt(third), month, day);
         if (!when.IsValid()) return false;
     }
 
@@ -172,7 +202,7 @@ bool ParseUnix(const QByteArray& line, NameEncoding enc, const QDateTime& now, W
         const qsizetype arrow = name.indexOf(" -> ");
         if (arrow >= 0) {
             folder = name.endsWith('/');
-            name.truncate(arrow);
+            name = name.first(arrow);
         }
     }
     if (name.isEmpty()) return false;
@@ -261,12 +291,13 @@ bool IsUnsafeName(const QString& name) {
 
 std::vector<WIN32_FIND_DATA> ParseMlsd(const QByteArray& body, NameEncoding enc) {
     std::vector<WIN32_FIND_DATA> out;
-    for (const QByteArray& line : Lines(body)) {
+    ForEachLine(body, [&](QByteArrayView view) {
+        const QByteArray line = view.toByteArray();
         // "fact=value;fact=value; name": the name begins behind the first blank.
         const qsizetype space = line.indexOf(' ');
-        if (space < 0) continue;
+        if (space < 0) return;
         const QByteArray name = line.mid(space + 1);
-        if (name.isEmpty()) continue;
+        if (name.isEmpty()) return;
 
         QByteArray type, perm, modeText;
         uint64_t size = 0;
@@ -288,11 +319,11 @@ std::vector<WIN32_FIND_DATA> ParseMlsd(const QByteArray& body, NameEncoding enc)
             else if (key == "modify")
                 hasTime = ReadMlsdTime(value, when);
         }
-        if (type == "cdir" || type == "pdir") continue;
+        if (type == "cdir" || type == "pdir") return;
 
         WIN32_FIND_DATA d;
         d.cFileName = Decode(name, enc);
-        if (IsUnsafeName(d.cFileName)) continue;
+        if (IsUnsafeName(d.cFileName)) return;
         // Servers that report links rather than follow them say
         // "OS.unix=slink:target" or "OS.unix=symlink"; as in LIST, only a
         // target ending in "/" is taken for a folder. Unknown types are files.
@@ -312,18 +343,19 @@ std::vector<WIN32_FIND_DATA> ParseMlsd(const QByteArray& body, NameEncoding enc)
             readOnly = !perm.isEmpty() && !perm.contains(folder ? 'c' : 'w');
         if (readOnly) d.dwFileAttributes |= FILE_ATTRIBUTE_READONLY;
         out.push_back(std::move(d));
-    }
+    });
     return out;
 }
 
 std::vector<WIN32_FIND_DATA> ParseList(const QByteArray& body, NameEncoding enc, const QDateTime& now) {
     std::vector<WIN32_FIND_DATA> out;
-    for (const QByteArray& line : Lines(body)) {
+    const Now clock(now);
+    ForEachLine(body, [&](QByteArrayView line) {
         WIN32_FIND_DATA d;
-        if (!ParseUnix(line, enc, now, d) && !ParseDos(line, enc, d)) continue;
-        if (IsUnsafeName(d.cFileName)) continue;
+        if (!ParseUnix(line, enc, clock, d) && !ParseDos(line.toByteArray(), enc, d)) return;
+        if (IsUnsafeName(d.cFileName)) return;
         out.push_back(std::move(d));
-    }
+    });
     return out;
 }
 
