@@ -73,22 +73,26 @@ QIcon IconFor(const QMimeType& type, bool folder, int size) {
     return icon;
 }
 
+// The type of a name by its name alone. A listing asks for each new name
+// twice (the folder combo reads it again) and a refresh asks again, while
+// the glob match costs tens of microseconds for a name without a known
+// extension; so the answers are kept, up to a bound.
+QMimeType TypeByName(const QString& name) {
+    static const QMimeDatabase db;
+    static QHash<QString, QMimeType> known;
+    if (const auto it = known.constFind(name); it != known.constEnd()) return *it;
+    if (known.size() >= 8192) known.clear();
+    const QMimeType type = db.mimeTypeForFile(name, QMimeDatabase::MatchExtension);
+    known.insert(name, type);
+    return type;
+}
+
 }  // namespace
 
 bool SHGetFileInfoA(const QString& path, uint32_t fileAttributes, SHFILEINFO& info, uint32_t flags) {
     info = SHFILEINFO{};
     if (path.isEmpty()) return false;
-    shell::EnsureIconTheme();
-    static const QMimeDatabase db;
-    const QString posix = localfs::ToPosix(path);
-    const bool folder = (fileAttributes & kFolderAttribute) || (!posix.isEmpty() && QFileInfo(posix).isDir());
-    const QString name = FileName(path);
-    const QMimeType type = folder ? db.mimeTypeForName(QStringLiteral("inode/directory"))
-                                  : db.mimeTypeForFile(name, QMimeDatabase::MatchExtension);
-    info.szDisplayName = name;
-    if (flags & SHGFI_TYPENAME) info.szTypeName = type.isDefault() ? QString() : type.comment().left(kTypeNameChars);
-    if (flags & SHGFI_ICON) info.hIcon = IconFor(type, folder, (flags & SHGFI_SMALLICON) ? 16 : 32);
-    return true;
+    return shell::FileInfoAt(localfs::ToPosix(path), path, fileAttributes, info, flags);
 }
 
 QString FindExecutableA(const QString& file) {
@@ -112,6 +116,22 @@ QString FindExecutableA(const QString& file) {
 }
 
 namespace shell {
+
+bool FileInfoAt(const QString& posixPath, const QString& path, uint32_t fileAttributes, SHFILEINFO& info,
+                uint32_t flags) {
+    info = SHFILEINFO{};
+    if (path.isEmpty()) return false;
+    EnsureIconTheme();
+    static const QMimeDatabase db;
+    const bool folder =
+        (fileAttributes & kFolderAttribute) || (!posixPath.isEmpty() && QFileInfo(posixPath).isDir());
+    const QString name = FileName(path);
+    const QMimeType type = folder ? db.mimeTypeForName(QStringLiteral("inode/directory")) : TypeByName(name);
+    info.szDisplayName = name;
+    if (flags & SHGFI_TYPENAME) info.szTypeName = type.isDefault() ? QString() : type.comment().left(kTypeNameChars);
+    if (flags & SHGFI_ICON) info.hIcon = IconFor(type, folder, (flags & SHGFI_SMALLICON) ? 16 : 32);
+    return true;
+}
 
 QStringList TempFolderCandidates() {
     QStringList out;

@@ -27,6 +27,12 @@ QString FindExecutableA(const QString& file);
 
 namespace shell {
 
+// SHGetFileInfoA for a path whose POSIX form the caller has at hand already
+// ("" when it names nothing on disk): resolving the Windows form is the
+// dearest part of the call.
+bool FileInfoAt(const QString& posixPath, const QString& path, uint32_t fileAttributes, SHFILEINFO& info,
+                uint32_t flags);
+
 // Folders that may hold the program's temporary folder, in the order they
 // are tried, Windows-form, ending in "\tempqorvn".
 QStringList TempFolderCandidates();

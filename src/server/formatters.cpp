@@ -1,7 +1,26 @@
 #include "server/formatters.h"
 
 #include <cmath>
-#include <cstdio>
+
+namespace {
+// Digits written straight into the text: a listing formats a size and a
+// date for every entry, and a general formatter costs more than the rest.
+char16_t* PutNumber(char16_t* out, unsigned long long n, int minDigits) {
+    char16_t digits[24];
+    int count = 0;
+    do {
+        digits[count++] = char16_t(u'0' + n % 10);
+        n /= 10;
+    } while (n != 0);
+    while (count < minDigits) digits[count++] = u'0';
+    while (count > 0) *out++ = digits[--count];
+    return out;
+}
+
+QString Finish(const char16_t* begin, const char16_t* end) {
+    return QString(reinterpret_cast<const QChar*>(begin), end - begin);
+}
+}  // namespace
 
 QString GetExtension(const QString& sFileName) {
     const qsizetype dot = sFileName.lastIndexOf('.');
@@ -11,18 +30,30 @@ QString GetExtension(const QString& sFileName) {
 QString FormatSizeKB(int32_t lFileSizeLow) {
     long long kb = std::llrint(double(lFileSizeLow) / 1024.0);  // half to even
     if (kb == 0) kb = 1;
-    char text[32];
-    const int n = std::snprintf(text, sizeof text, "%lld KB", kb);
-    return QString::fromLatin1(text, n);
+    char16_t text[32];
+    char16_t* p = text;
+    if (kb < 0) *p++ = u'-';
+    p = PutNumber(p, kb < 0 ? 0ULL - (unsigned long long)kb : (unsigned long long)kb, 1);
+    *p++ = u' ';
+    *p++ = u'K';
+    *p++ = u'B';
+    return Finish(text, p);
 }
 
 // Day, month, hour and minute with a "0" in front of one digit; the year as
-// it is. One buffer: a listing formats this for every entry.
+// it is.
 QString FormatServerDate(const SYSTEMTIME& t) {
-    char text[48];
-    const int n = std::snprintf(text, sizeof text, "%02u.%02u.%u %02u:%02u", unsigned(t.wDay), unsigned(t.wMonth),
-                                unsigned(t.wYear), unsigned(t.wHour), unsigned(t.wMinute));
-    return QString::fromLatin1(text, n);
+    char16_t text[48];
+    char16_t* p = PutNumber(text, t.wDay, 2);
+    *p++ = u'.';
+    p = PutNumber(p, t.wMonth, 2);
+    *p++ = u'.';
+    p = PutNumber(p, t.wYear, 1);
+    *p++ = u' ';
+    p = PutNumber(p, t.wHour, 2);
+    *p++ = u':';
+    p = PutNumber(p, t.wMinute, 2);
+    return Finish(text, p);
 }
 
 QString FormatAttributes(uint32_t a) {

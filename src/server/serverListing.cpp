@@ -16,13 +16,29 @@ QString CutName(const QString& cFileName) {
 }
 
 // `st` lives for the whole read: a time that can't be converted shows the
-// one converted before.
-void Fill(tServerFile& f, const WIN32_FIND_DATA& d, SYSTEMTIME& st, const QString& sName, const QString& sType,
+// one converted before. Entries of a folder often share their minute, so
+// the text of the last one is kept and shared.
+struct DateText {
+    SYSTEMTIME st;
+    SYSTEMTIME shown;
+    QString text;
+
+    const QString& Of(const FILETIME& ft) {
+        FileTimeToSystemTime(ft, st);
+        if (text.isNull() || st.wYear != shown.wYear || st.wMonth != shown.wMonth || st.wDay != shown.wDay ||
+            st.wHour != shown.wHour || st.wMinute != shown.wMinute) {
+            text = FormatServerDate(st);
+            shown = st;
+        }
+        return text;
+    }
+};
+
+void Fill(tServerFile& f, const WIN32_FIND_DATA& d, DateText& date, const QString& sName, const QString& sType,
           const QString& sKey) {
     f.sName = sName;
     f.sAttributes = QString::number(d.dwFileAttributes);
-    FileTimeToSystemTime(d.ftLastWriteTime, st);
-    f.sDate = FormatServerDate(st);
+    f.sDate = date.Of(d.ftLastWriteTime);
     f.sType = sType;
     f.sSize = FormatSizeKB(int32_t(d.nFileSizeLow));
     f.sExtension = sKey;
@@ -46,12 +62,12 @@ void ReadServerDirectory(const QString& sPattern, HINTERNET& hConnection) {
 
     // The first entry never gets the "DATEI" text nor the "-Datei" fallback;
     // the two halves stay apart on purpose.
-    SYSTEMTIME st;
+    DateText date;
     QString sType, sKey;
     QString sName = CutName(data.cFileName);
     cache.Step(sName, false, sType, sKey);
     arrServerFiles.resize(2);
-    Fill(arrServerFiles[0], data, st, sName, sType, sKey);
+    Fill(arrServerFiles[0], data, date, sName, sType, sKey);
 
     QString sDatei;  // the catalogue's word, asked for once a read
     for (;;) {
@@ -65,7 +81,7 @@ void ReadServerDirectory(const QString& sPattern, HINTERNET& hConnection) {
             if (sDatei.isNull()) sDatei = GetLanguageText("DATEI");
             sType = sKey.right(3).toUpper() + "-" + sDatei;
         }
-        Fill(arrServerFiles[u], data, st, sName, sType, sKey);
+        Fill(arrServerFiles[u], data, date, sName, sType, sKey);
     }
     InternetCloseHandle(hFind);
 }

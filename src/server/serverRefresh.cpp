@@ -7,6 +7,9 @@
 #include "server/frmServer.h"
 #include "server/serverListing.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace {
 
 // Columns 0, 2 and 3 of the folder table; column 1 only ever held the
@@ -64,9 +67,12 @@ bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
 
     std::vector<FolderRow> arrFolders;
     const int upper = UBoundServerFiles();
+    // Both passes ask each entry whether it is a folder; the text is read once.
+    std::vector<char> folder(size_t(std::max(upper, 0)));
+    for (int i = 0; i < upper; ++i) folder[size_t(i)] = IsFolder(arrServerFiles[size_t(i)]);
     for (int i = 0; i < upper; ++i) {
         const tServerFile& f = arrServerFiles[size_t(i)];
-        if (!IsFolder(f)) continue;  // 17, a read-only folder, is a file here
+        if (!folder[size_t(i)]) continue;  // 17, a read-only folder, is a file here
         if (n < kFolderTableRows)
             arrFolders.push_back({f.sName, f.sDate, FormatAttributes(f.sAttributes.toUInt())});
         else if (stopOnFailure)
@@ -98,7 +104,7 @@ bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
         }
         for (int i = 0; i < upper; ++i) {
             const tServerFile& f = arrServerFiles[size_t(i)];
-            if (IsFolder(f)) continue;
+            if (folder[size_t(i)]) continue;
             if (!rows.Add(f.sName, f.sExtension)) return false;
             rows.Sub(1, f.sSize);
             rows.Sub(2, f.sType);

@@ -8,6 +8,7 @@
 #include "server/frmServer.h"
 
 #include <QFile>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -30,11 +31,38 @@ namespace {
 // The folder that took the last dummy file, in both forms: a directory read
 // makes two dummies per new extension, and finding the folder afresh each
 // time would cost more than the shell's answer.
+//
+// Dummies are made as links to one empty spare file the read keeps in the
+// folder: a new link costs a few microseconds, while a new file costs an
+// inode, which some file systems hand out slowly after many deletions.
 struct TempFolder {
     QString windows;
     QString posix;
+    QByteArray spare;  // encoded path of the spare, empty while there is none
 };
 TempFolder gTempFolder;
+
+const QString kSpareName = QStringLiteral(".ferrydock-spare");
+
+QByteArray Encoded(const TempFolder& folder, const QString& name) {
+    return QFile::encodeName(folder.posix + u'/' + name);
+}
+
+// An empty regular file of ours, or none.
+void MakeSpare(TempFolder& folder) {
+    const QByteArray path = Encoded(folder, kSpareName);
+    const int fd = ::open(path.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (fd < 0) return;
+    struct stat st;
+    const bool usable = fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && st.st_size == 0 && st.st_uid == geteuid();
+    ::close(fd);
+    if (usable) folder.spare = path;
+}
+
+void DropSpare(TempFolder& folder) {
+    if (!folder.spare.isEmpty()) ::unlink(folder.spare.constData());
+    folder.spare.clear();
+}
 
 // Still a folder of ours and no link, checked on the POSIX form at hand: the
 // Windows form would be resolved afresh for every dummy file.
@@ -44,10 +72,14 @@ bool StillSafe(const TempFolder& folder) {
            st.st_uid == geteuid();
 }
 
+// Creates the file, or keeps one that exists. A name taken already (the
+// spare's own too) makes the link fail and falls to the plain create.
 bool TryCreate(const TempFolder& folder, const QString& sFileName) {
-    QFile f(folder.posix + "/" + sFileName);
-    if (!f.open(QIODevice::ReadWrite)) return false;  // creates, keeps an existing file
-    f.close();
+    const QByteArray path = Encoded(folder, sFileName);
+    if (!folder.spare.isEmpty() && ::link(folder.spare.constData(), path.constData()) == 0) return true;
+    const int fd = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (fd < 0) return false;
+    ::close(fd);
     return true;
 }
 }  // namespace
@@ -61,37 +93,59 @@ QString CreateDummyFile(const QString& sFileName) {
     // Each location in turn, as the drive letters once were.
     for (const QString& folder : shell::TempFolderCandidates()) {
         if (!shell::MakeTempFolder(folder)) continue;
-        const TempFolder candidate{folder, localfs::ToPosix(folder)};
+        TempFolder candidate{folder, localfs::ToPosix(folder), {}};
         if (!TryCreate(candidate, sFileName)) {
             localfs::RmDir(folder);  // only an empty folder goes
             continue;
         }
+        DropSpare(gTempFolder);
+        MakeSpare(candidate);
         gTempFolder = candidate;
         return folder + "\\" + sFileName;
     }
+    DropSpare(gTempFolder);
     gTempFolder = TempFolder{};
     return QString();
 }
 
+namespace {
+// The name of a dummy in the current temporary folder; "" for any other path.
+QString DummyName(const QString& sPath) {
+    if (gTempFolder.windows.isEmpty()) return QString();
+    const qsizetype prefix = gTempFolder.windows.size() + 1;
+    if (sPath.size() <= prefix || sPath[prefix - 1] != u'\\' || !sPath.startsWith(gTempFolder.windows))
+        return QString();
+    const QString name = sPath.mid(prefix);
+    return name.contains(u'\\') ? QString() : name;
+}
+
+// The shell's answer; for a dummy of ours the POSIX form is known already.
+SHFILEINFO Ask(const QString& sPath, uint32_t lFlags) {
+    SHFILEINFO info;
+    const QString name = DummyName(sPath);
+    if (name.isEmpty())
+        SHGetFileInfoA(sPath, 0, info, lFlags);
+    else
+        shell::FileInfoAt(gTempFolder.posix + u'/' + name, sPath, 0, info, lFlags);
+    return info;
+}
+}  // namespace
+
 void RemoveDummyFile(const QString& sPath) {
-    const QString prefix = gTempFolder.windows + "\\";
-    if (!gTempFolder.windows.isEmpty() && sPath.startsWith(prefix))
-        QFile::remove(gTempFolder.posix + "/" + sPath.mid(prefix.size()));
+    const QString name = DummyName(sPath);
+    if (!name.isEmpty())
+        ::unlink(Encoded(gTempFolder, name).constData());
     else
         localfs::Kill(sPath);
 }
 
 QString GetShellTypeName(const QString& sPath) {
     ++gTypeLookups;
-    SHFILEINFO info;
-    SHGetFileInfoA(sPath, 0, info, SHGFI_TYPENAME);
-    return info.szTypeName;
+    return Ask(sPath, SHGFI_TYPENAME).szTypeName;
 }
 
 QIcon GetShellIcon(uint32_t lFlags, const QString& sPath) {
-    SHFILEINFO info;
-    SHGetFileInfoA(sPath, 0, info, lFlags);
-    return info.hIcon;
+    return Ask(sPath, lFlags).hIcon;
 }
 
 namespace {
@@ -100,8 +154,15 @@ bool IsPlain(const QString& s) {
 }
 }  // namespace
 
+TypeCache::~TypeCache() {
+    DropSpare(gTempFolder);
+}
+
 qsizetype TypeCache::CachePos(const QString& sKey) const {
-    if (plain_ && IsPlain(sKey)) return pairAt_.value(sKey, -1);
+    if (plain_ && IsPlain(sKey)) {
+        const auto it = pairAt_.constFind(sKey);
+        return it == pairAt_.constEnd() ? -1 : it->pos;
+    }
     return sTypeCache.indexOf(u'|' + sKey + u'=');
 }
 
@@ -109,7 +170,7 @@ void TypeCache::Append(const QString& sKey, const QString& sType) {
     const qsizetype at = sTypeCache.size() - 1;  // the closing "|" of the pair before
     sTypeCache += sKey + u'=' + sType + u'|';
     if (plain_ && IsPlain(sKey) && IsPlain(sType))
-        pairAt_.insert(sKey, at);
+        pairAt_.insert(sKey, Pair{at, sType});
     else
         plain_ = false;
 }
@@ -120,6 +181,7 @@ void TypeCache::BeginRead() {
     plain_ = true;
     lIconNumber = 0;
     // Every read looks for its temporary folder in turn again.
+    DropSpare(gTempFolder);
     gTempFolder = TempFolder{};
     auto& frame = mdiMain();
     auto* list = frmServer().lsvServer;
@@ -134,10 +196,45 @@ void TypeCache::BeginRead() {
     frame.imgListLarge->Add("zunbekannty", frame.imgDir->Picture(4));
 }
 
+namespace {
+// Where "|key=" stands in sFixedTypes. The table is fixed and plain, so a
+// plain key is looked up; any other is searched for as text.
+qsizetype FixedPos(const QString& sKey) {
+    static const QHash<QString, qsizetype> at = [] {
+        QHash<QString, qsizetype> out;
+        for (qsizetype bar = 0; bar + 1 < sFixedTypes.size(); bar = sFixedTypes.indexOf(u'|', bar + 1)) {
+            const qsizetype eq = sFixedTypes.indexOf(u'=', bar);
+            if (eq < 0) break;
+            out.insert(sFixedTypes.mid(bar + 1, eq - bar - 1), bar);
+        }
+        return out;
+    }();
+    if (IsPlain(sKey)) return at.value(sKey, -1);
+    return sFixedTypes.indexOf(u'|' + sKey + u'=');
+}
+
+// "z" and the extension in lower case, made in one piece.
+QString KeyOf(const QString& sName) {
+    const qsizetype dot = sName.lastIndexOf(u'.');
+    const QStringView ext = dot < 0 ? QStringView(sName) : QStringView(sName).sliced(dot + 1);
+    QString key;
+    key.reserve(ext.size() + 1);
+    key += u'z';
+    key += ext.toString().toLower();
+    return key;
+}
+}  // namespace
+
 void TypeCache::Step(const QString& sName, bool following, QString& sType, QString& sKey) {
-    sKey = "z" + GetExtension(sName).toLower();
+    sKey = KeyOf(sName);
+    const qsizetype lFixedPos = FixedPos(sKey);
+    if (lFixedPos < 0 && plain_ && IsPlain(sKey)) {
+        if (const auto it = pairAt_.constFind(sKey); it != pairAt_.constEnd()) {
+            sType = it->type;  // what ValueAt would cut out of the text
+            return;
+        }
+    }
     const qsizetype lCachePos = CachePos(sKey);
-    const qsizetype lFixedPos = sFixedTypes.indexOf(u'|' + sKey + u'=');
     if (lCachePos >= 0 && lFixedPos < 0) {
         sType = ValueAt(sTypeCache, lCachePos, sKey);
         return;

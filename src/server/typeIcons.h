@@ -23,6 +23,12 @@ inline const QString sFixedTypes = QStringLiteral("|zico=Symbol|zexe=Anwendung|z
 // One directory read's memory of extensions and their type texts.
 class TypeCache {
 public:
+    TypeCache() = default;
+    // Ends the read: the temporary folder keeps no file of it.
+    ~TypeCache();
+    TypeCache(const TypeCache&) = delete;
+    TypeCache& operator=(const TypeCache&) = delete;
+
     // Starts a read: empties the cache, binds and seeds the image lists.
     void BeginRead();
     // The type-and-image step for one entry: type text and image key.
@@ -40,7 +46,11 @@ private:
     // Where each pair starts, so that a folder of thousands of names doesn't
     // search the growing text once per entry. Only trusted while every pair
     // is plain (no "|" or "=" in key or text); otherwise the text is searched.
-    QHash<QString, qsizetype> pairAt_;
+    struct Pair {
+        qsizetype pos;
+        QString type;
+    };
+    QHash<QString, Pair> pairAt_;
     bool plain_ = true;
 };
 
