@@ -22,7 +22,7 @@
 
 namespace {
 constexpr int kEntries = 20000;
-constexpr int kRounds = 5;
+constexpr int kRounds = 15;
 
 void MakeFolder(const FtpServer& server, const QString& name, const QString& folderSuffix) {
     QDir().mkpath(server.root() + "/" + name);

@@ -17,10 +17,12 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSet>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QTimeZone>
+#include <unistd.h>
 
 namespace {
 
@@ -84,7 +86,9 @@ TEST_F(ServerPane, ConnectShowsDotDotThenFoldersThenFilesWithTheirColumns) {
     EXPECT_EQ(list().SubItem(RowOf("big.iso"), 1), "-2097152 KB");
     // The reader keys a folder by its name; only its row uses the folder picture.
     for (int i = 0; i < UBoundServerFiles(); ++i)
-        if (arrServerFiles[size_t(i)].sName == "alpha") EXPECT_EQ(arrServerFiles[size_t(i)].sExtension, "zalpha");
+        if (arrServerFiles[size_t(i)].sName == "alpha") {
+            EXPECT_EQ(arrServerFiles[size_t(i)].sExtension, "zalpha");
+        }
 
     EXPECT_EQ(ComboItems(), QStringList({"/"}));
     EXPECT_EQ(combo().ListIndex(), 0);
@@ -319,16 +323,29 @@ TEST_F(ServerPane, TheTypeCacheIsSearchedAsTextSoAKeyInsideAnOddPairIsFound) {
 }
 
 TEST_F(ServerPane, NoDummyFileIsLeftBehindByARead) {
+    // The dummies are links to a spare file the read keeps beside them; a
+    // server file of the spare's own name must neither break the read nor
+    // leave anything behind.
+    const QString spare = ".ferrydock-spare-" + QString::number(qint64(getpid()));
     FtpServer server(FtpServer::Kind::Pyftpdlib);
     server.WriteFile("left.abc", "1");
-    server.WriteFile("right.xyz", "2");
+    server.WriteFile(spare + ".qqx", "2");
+    server.WriteFile(spare, "3");
+    server.WriteFile("right.xyz", "4");
     ConnectTo(server);
+    EXPECT_EQ(list().Count(), 5);
     for (const QString& folder : shell::TempFolderCandidates()) {
         const QDir dir(localfs::ToPosix(folder));
-        if (dir.exists()) {
-            EXPECT_FALSE(dir.exists("left.abc"));
-            EXPECT_FALSE(dir.exists("right.xyz"));
-        }
+        if (!dir.exists()) continue;
+        for (const QString& name : {QString("left.abc"), QString("right.xyz"), spare, spare + ".qqx"})
+            EXPECT_FALSE(QFileInfo::exists(dir.filePath(name))) << qPrintable(name);
+    }
+    // Made and removed twice per new name: the type text is asked once each.
+    frmServer().RefreshServer(hConnection);
+    EXPECT_EQ(list().Count(), 5);
+    for (const QString name : {"left.abc", "right.xyz"}) {
+        const QString expected = arrServerFiles[0].sName == name ? "" : GetExtension(name).toUpper() + "-Datei";
+        EXPECT_EQ(list().SubItem(RowOf(name), 2), expected) << qPrintable(name);
     }
 }
 

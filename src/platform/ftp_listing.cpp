@@ -3,6 +3,7 @@
 #include <QDate>
 #include <QList>
 #include <QRegularExpression>
+#include <cstring>
 
 namespace ftp {
 
@@ -13,6 +14,10 @@ constexpr int64_t kJulianDayOf1970 = 2440588;
 
 QString Decode(QByteArrayView bytes, NameEncoding enc) {
     return enc == NameEncoding::Utf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
+}
+
+bool Has(QByteArrayView s, char c) {
+    return !s.isEmpty() && std::memchr(s.data(), c, size_t(s.size())) != nullptr;
 }
 
 bool IsDigits(QByteArrayView s) {
@@ -54,8 +59,8 @@ void ForEachLine(const QByteArray& body, F&& f) {
     const QByteArrayView all(body);
     qsizetype from = 0;
     while (from < all.size()) {
-        qsizetype end = all.indexOf('\n', from);
-        if (end < 0) end = all.size();
+        const void* nl = std::memchr(all.data() + from, '\n', size_t(all.size() - from));
+        const qsizetype end = nl ? static_cast<const char*>(nl) - all.data() : all.size();
         QByteArrayView line = all.sliced(from, end - from);
         from = end + 1;
         if (line.endsWith('\r')) line.chop(1);
@@ -95,9 +100,9 @@ std::vector<Field> FieldsOf(QByteArrayView line) {
 
 // "rwxr-xr-x" behind a type letter; ACL marks ("+", ".") may follow.
 bool IsModeField(QByteArrayView f) {
-    if (f.size() < 10 || !QByteArrayView("-dlcbpsD").contains(f[0])) return false;
+    if (f.size() < 10 || !Has("-dlcbpsD", f[0])) return false;
     for (int i = 1; i < 10; ++i)
-        if (!QByteArrayView("-rwxsStTlL").contains(f[i])) return false;
+        if (!Has("-rwxsStTlL", f[i])) return false;
     return true;
 }
 
@@ -165,13 +170,13 @@ bool ParseUnix(QByteArrayView line, NameEncoding enc, const Now& now, WIN32_FIND
         // Size before the month; devices give "major, minor" or "major,minor".
         when = Stamp{};
         const QByteArrayView before = f[i - 1].text;
-        if (!IsDigits(before) && !before.contains(',')) continue;
+        if (!IsDigits(before) && !Has(before, ',')) continue;
         month = MonthOf(f[i].text);
         if (!month || !IsDigits(f[i + 1].text) || f[i + 1].text.size() > 2) continue;
         day = ToInt(f[i + 1].text);
         if (day < 1 || day > 31) continue;
         const QByteArrayView third = f[i + 2].text;
-        if (third.contains(':')) {
+        if (Has(third, ':')) {
             if (!ReadClock(third, when)) continue;
         } else if (!IsDigits(third) || third.size() != 4) {
             continue;
@@ -188,7 +193,7 @@ bool ParseUnix(QByteArrayView line, NameEncoding enc, const Now& now, WIN32_FIND
     QByteArrayView name = line.sliced(nameStart);
 
     const QByteArrayView third = f[m + 2].text;
-    if (third.contains(':')) {
+    if (Has(third, ':')) {
         if (!InferYear(month, day, when, now)) return false;
     } else {
         when.date = QDate(ToInt(third), month, day);

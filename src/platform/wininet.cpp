@@ -19,6 +19,7 @@
 #include <map>
 #include <memory>
 #include <sys/socket.h>
+#include <iterator>
 #include <variant>
 
 namespace {
@@ -396,13 +397,30 @@ HINTERNET FtpFindFirstFileA(HINTERNET hConnect, const QString& searchFile, WIN32
         Control* ctl = Ready(c);
         if (!ctl) return 0;
         StreamSocket data = ctl->OpenData(c->mlsd ? "MLSD" : "LIST", "", c->passive);
-        std::string body;
+        // Whole lines are parsed as they arrive, while the server still
+        // writes the rest: a long listing costs little more than its bytes.
+        const auto enc = c->utf8 ? ftp::NameEncoding::Utf8 : ftp::NameEncoding::Latin1;
+        const QDateTime now = QDateTime::currentDateTimeUtc();
+        Find f;
+        QByteArray pending;
+        const auto parse = [&](qsizetype size) {
+            const QByteArray lines = QByteArray::fromRawData(pending.constData(), size);
+            std::vector<WIN32_FIND_DATA> part = c->mlsd ? ftp::ParseMlsd(lines, enc) : ftp::ParseList(lines, enc, now);
+            if (f.entries.empty())
+                f.entries = std::move(part);
+            else
+                f.entries.insert(f.entries.end(), std::make_move_iterator(part.begin()),
+                                 std::make_move_iterator(part.end()));
+            pending.remove(0, size);
+        };
         try {
             char buf[65536];
             for (;;) {
                 const int n = data.receiveBytes(buf, int(sizeof buf));
                 if (n <= 0) break;
-                body.append(buf, size_t(n));
+                pending.append(buf, n);
+                const qsizetype lineEnd = pending.lastIndexOf('\n');
+                if (lineEnd >= 0) parse(lineEnd + 1);
             }
         } catch (...) {
             Settle(*ctl, data);
@@ -410,10 +428,7 @@ HINTERNET FtpFindFirstFileA(HINTERNET hConnect, const QString& searchFile, WIN32
         }
         data.close();
         if (!ctl->FinishTransfer()) return 0;
-        const QByteArray raw(body.data(), qsizetype(body.size()));
-        const auto enc = c->utf8 ? ftp::NameEncoding::Utf8 : ftp::NameEncoding::Latin1;
-        Find f;
-        f.entries = c->mlsd ? ftp::ParseMlsd(raw, enc) : ftp::ParseList(raw, enc, QDateTime::currentDateTimeUtc());
+        if (!pending.isEmpty()) parse(pending.size());
         if (!WantsAll(searchFile)) {
             const QRegularExpression re(QRegularExpression::wildcardToRegularExpression(searchFile),
                                         QRegularExpression::CaseInsensitiveOption);

@@ -7,7 +7,6 @@
 #include "server/frmServer.h"
 
 namespace {
-int TwipsLeft(const QWidget* w) { return ToTwips(w->x()); }
 int TwipsWidth(const QWidget* w) { return ToTwips(w->width()); }
 }  // namespace
 

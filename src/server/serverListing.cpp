@@ -34,13 +34,37 @@ struct DateText {
     }
 };
 
-void Fill(tServerFile& f, const WIN32_FIND_DATA& d, DateText& date, const QString& sName, const QString& sType,
+// The same for a value's text: neighbours often share attributes or size.
+template <class T, QString (*Format)(T)>
+struct LastText {
+    T value{};
+    QString text;
+    const QString& Of(T v) {
+        if (text.isNull() || v != value) {
+            value = v;
+            text = Format(v);
+        }
+        return text;
+    }
+};
+
+QString Number(uint32_t v) {
+    return QString::number(v);
+}
+
+struct Texts {
+    DateText date;
+    LastText<uint32_t, Number> attributes;
+    LastText<int32_t, FormatSizeKB> size;
+};
+
+void Fill(tServerFile& f, const WIN32_FIND_DATA& d, Texts& texts, const QString& sName, const QString& sType,
           const QString& sKey) {
     f.sName = sName;
-    f.sAttributes = QString::number(d.dwFileAttributes);
-    f.sDate = date.Of(d.ftLastWriteTime);
+    f.sAttributes = texts.attributes.Of(d.dwFileAttributes);
+    f.sDate = texts.date.Of(d.ftLastWriteTime);
     f.sType = sType;
-    f.sSize = FormatSizeKB(int32_t(d.nFileSizeLow));
+    f.sSize = texts.size.Of(int32_t(d.nFileSizeLow));
     f.sExtension = sKey;
 }
 }  // namespace
@@ -62,12 +86,12 @@ void ReadServerDirectory(const QString& sPattern, HINTERNET& hConnection) {
 
     // The first entry never gets the "DATEI" text nor the "-Datei" fallback;
     // the two halves stay apart on purpose.
-    DateText date;
+    Texts texts;
     QString sType, sKey;
     QString sName = CutName(data.cFileName);
     cache.Step(sName, false, sType, sKey);
     arrServerFiles.resize(2);
-    Fill(arrServerFiles[0], data, date, sName, sType, sKey);
+    Fill(arrServerFiles[0], data, texts, sName, sType, sKey);
 
     QString sDatei;  // the catalogue's word, asked for once a read
     for (;;) {
@@ -81,7 +105,7 @@ void ReadServerDirectory(const QString& sPattern, HINTERNET& hConnection) {
             if (sDatei.isNull()) sDatei = GetLanguageText("DATEI");
             sType = sKey.right(3).toUpper() + "-" + sDatei;
         }
-        Fill(arrServerFiles[u], data, date, sName, sType, sKey);
+        Fill(arrServerFiles[u], data, texts, sName, sType, sKey);
     }
     InternetCloseHandle(hFind);
 }

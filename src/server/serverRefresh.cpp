@@ -20,9 +20,30 @@ struct FolderRow {
     QString attributes;
 };
 
-bool IsFolder(const tServerFile& f) {
-    return f.sAttributes.toInt() == int(FILE_ATTRIBUTE_DIRECTORY);
-}
+// The attribute numbers of the entries, read once: both passes ask each
+// entry whether it is a folder, and the rows show its letters. Entries share
+// a few values, so each value's letters are made once too.
+class Attributes {
+public:
+    explicit Attributes(int upper) : values_(size_t(std::max(upper, 0))) {
+        for (size_t i = 0; i < values_.size(); ++i) values_[i] = arrServerFiles[i].sAttributes.toUInt();
+    }
+    // Exactly 16: 17, a read-only folder, is a file here.
+    bool IsFolder(int i) const { return values_[size_t(i)] == FILE_ATTRIBUTE_DIRECTORY; }
+    const QString& Letters(int i) {
+        const uint32_t v = values_[size_t(i)];
+        if (v != lastValue_ || lastLetters_.isNull()) {
+            lastValue_ = v;
+            lastLetters_ = FormatAttributes(v);
+        }
+        return lastLetters_;
+    }
+
+private:
+    std::vector<uint32_t> values_;
+    uint32_t lastValue_ = 0;
+    QString lastLetters_;
+};
 
 class RowFiller {
 public:
@@ -67,14 +88,12 @@ bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
 
     std::vector<FolderRow> arrFolders;
     const int upper = UBoundServerFiles();
-    // Both passes ask each entry whether it is a folder; the text is read once.
-    std::vector<char> folder(size_t(std::max(upper, 0)));
-    for (int i = 0; i < upper; ++i) folder[size_t(i)] = IsFolder(arrServerFiles[size_t(i)]);
+    Attributes attributes(upper);
     for (int i = 0; i < upper; ++i) {
         const tServerFile& f = arrServerFiles[size_t(i)];
-        if (!folder[size_t(i)]) continue;  // 17, a read-only folder, is a file here
+        if (!attributes.IsFolder(i)) continue;
         if (n < kFolderTableRows)
-            arrFolders.push_back({f.sName, f.sDate, FormatAttributes(f.sAttributes.toUInt())});
+            arrFolders.push_back({f.sName, f.sDate, attributes.Letters(i)});
         else if (stopOnFailure)
             return false;
         ++n;
@@ -104,12 +123,12 @@ bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
         }
         for (int i = 0; i < upper; ++i) {
             const tServerFile& f = arrServerFiles[size_t(i)];
-            if (folder[size_t(i)]) continue;
+            if (attributes.IsFolder(i)) continue;
             if (!rows.Add(f.sName, f.sExtension)) return false;
             rows.Sub(1, f.sSize);
             rows.Sub(2, f.sType);
             rows.Sub(3, f.sDate);
-            rows.Sub(4, FormatAttributes(f.sAttributes.toUInt()));
+            rows.Sub(4, attributes.Letters(i));
         }
     }
     list.EndBulk();

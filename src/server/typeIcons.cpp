@@ -28,9 +28,10 @@ int ShellTypeLookups() {
 }
 
 namespace {
-// The folder that took the last dummy file, in both forms: a directory read
-// makes two dummies per new extension, and finding the folder afresh each
-// time would cost more than the shell's answer.
+// The folder that took the last dummy file: a directory read makes two
+// dummies per new extension, and finding the folder afresh each time would
+// cost more than the shell's answer. It is held open, so every dummy goes
+// into the folder that was checked, whatever happens to its path.
 //
 // Dummies are made as links to one empty spare file the read keeps in the
 // folder: a new link costs a few microseconds, while a new file costs an
@@ -38,46 +39,62 @@ namespace {
 struct TempFolder {
     QString windows;
     QString posix;
-    QByteArray spare;  // encoded path of the spare, empty while there is none
+    int dir = -1;
+    bool spare = false;
 };
 TempFolder gTempFolder;
 
-const QString kSpareName = QStringLiteral(".ferrydock-spare");
+// One spare per process: two programs reading at once don't share one.
+const QByteArray& SpareName() {
+    static const QByteArray name = ".ferrydock-spare-" + QByteArray::number(qint64(getpid()));
+    return name;
+}
 
-QByteArray Encoded(const TempFolder& folder, const QString& name) {
-    return QFile::encodeName(folder.posix + u'/' + name);
+QByteArray Encoded(const QString& name) {
+    return QFile::encodeName(name);
+}
+
+// Opens the folder itself (no link) when it is ours.
+bool Open(TempFolder& folder) {
+    folder.dir = ::open(Encoded(folder.posix).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    struct stat st;
+    if (folder.dir >= 0 && fstat(folder.dir, &st) == 0 && st.st_uid == geteuid()) return true;
+    if (folder.dir >= 0) ::close(folder.dir);
+    folder.dir = -1;
+    return false;
 }
 
 // An empty regular file of ours, or none.
 void MakeSpare(TempFolder& folder) {
-    const QByteArray path = Encoded(folder, kSpareName);
-    const int fd = ::open(path.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
+    const int fd = ::openat(folder.dir, SpareName().constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
     if (fd < 0) return;
     struct stat st;
-    const bool usable = fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && st.st_size == 0 && st.st_uid == geteuid();
+    folder.spare = fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && st.st_size == 0 && st.st_uid == geteuid();
     ::close(fd);
-    if (usable) folder.spare = path;
 }
 
-void DropSpare(TempFolder& folder) {
-    if (!folder.spare.isEmpty()) ::unlink(folder.spare.constData());
-    folder.spare.clear();
+// Drops the spare and lets go of the folder.
+void Release(TempFolder& folder) {
+    if (folder.dir >= 0) {
+        if (folder.spare) ::unlinkat(folder.dir, SpareName().constData(), 0);
+        ::close(folder.dir);
+    }
+    folder = TempFolder{};
 }
 
-// Still a folder of ours and no link, checked on the POSIX form at hand: the
-// Windows form would be resolved afresh for every dummy file.
+// Still a folder of ours that hasn't been removed.
 bool StillSafe(const TempFolder& folder) {
     struct stat st;
-    return lstat(QFile::encodeName(folder.posix).constData(), &st) == 0 && S_ISDIR(st.st_mode) &&
+    return folder.dir >= 0 && fstat(folder.dir, &st) == 0 && S_ISDIR(st.st_mode) && st.st_nlink > 0 &&
            st.st_uid == geteuid();
 }
 
 // Creates the file, or keeps one that exists. A name taken already (the
 // spare's own too) makes the link fail and falls to the plain create.
 bool TryCreate(const TempFolder& folder, const QString& sFileName) {
-    const QByteArray path = Encoded(folder, sFileName);
-    if (!folder.spare.isEmpty() && ::link(folder.spare.constData(), path.constData()) == 0) return true;
-    const int fd = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    const QByteArray name = Encoded(sFileName);
+    if (folder.spare && ::linkat(folder.dir, SpareName().constData(), folder.dir, name.constData(), 0) == 0) return true;
+    const int fd = ::openat(folder.dir, name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (fd < 0) return false;
     ::close(fd);
     return true;
@@ -87,24 +104,23 @@ bool TryCreate(const TempFolder& folder, const QString& sFileName) {
 QString CreateDummyFile(const QString& sFileName) {
     if (sFileName.isEmpty() || sFileName == "." || sFileName == ".." || ftp::IsUnsafeName(sFileName))
         return QString();
-    if (!gTempFolder.posix.isEmpty() && StillSafe(gTempFolder) &&
-        TryCreate(gTempFolder, sFileName))
-        return gTempFolder.windows + "\\" + sFileName;
+    if (StillSafe(gTempFolder) && TryCreate(gTempFolder, sFileName)) return gTempFolder.windows + "\\" + sFileName;
     // Each location in turn, as the drive letters once were.
     for (const QString& folder : shell::TempFolderCandidates()) {
         if (!shell::MakeTempFolder(folder)) continue;
-        TempFolder candidate{folder, localfs::ToPosix(folder), {}};
+        TempFolder candidate{folder, localfs::ToPosix(folder)};
+        if (!Open(candidate)) continue;
         if (!TryCreate(candidate, sFileName)) {
+            Release(candidate);
             localfs::RmDir(folder);  // only an empty folder goes
             continue;
         }
-        DropSpare(gTempFolder);
+        Release(gTempFolder);
         MakeSpare(candidate);
         gTempFolder = candidate;
         return folder + "\\" + sFileName;
     }
-    DropSpare(gTempFolder);
-    gTempFolder = TempFolder{};
+    Release(gTempFolder);
     return QString();
 }
 
@@ -134,7 +150,7 @@ SHFILEINFO Ask(const QString& sPath, uint32_t lFlags) {
 void RemoveDummyFile(const QString& sPath) {
     const QString name = DummyName(sPath);
     if (!name.isEmpty())
-        ::unlink(Encoded(gTempFolder, name).constData());
+        ::unlinkat(gTempFolder.dir, Encoded(name).constData(), 0);
     else
         localfs::Kill(sPath);
 }
@@ -155,7 +171,7 @@ bool IsPlain(const QString& s) {
 }  // namespace
 
 TypeCache::~TypeCache() {
-    DropSpare(gTempFolder);
+    Release(gTempFolder);
 }
 
 qsizetype TypeCache::CachePos(const QString& sKey) const {
@@ -181,8 +197,7 @@ void TypeCache::BeginRead() {
     plain_ = true;
     lIconNumber = 0;
     // Every read looks for its temporary folder in turn again.
-    DropSpare(gTempFolder);
-    gTempFolder = TempFolder{};
+    Release(gTempFolder);
     auto& frame = mdiMain();
     auto* list = frmServer().lsvServer;
     list->SetIcons(nullptr);
@@ -217,10 +232,13 @@ qsizetype FixedPos(const QString& sKey) {
 QString KeyOf(const QString& sName) {
     const qsizetype dot = sName.lastIndexOf(u'.');
     const QStringView ext = dot < 0 ? QStringView(sName) : QStringView(sName).sliced(dot + 1);
-    QString key;
-    key.reserve(ext.size() + 1);
-    key += u'z';
-    key += ext.toString().toLower();
+    QString key(ext.size() + 1, Qt::Uninitialized);
+    QChar* out = key.data();
+    *out++ = u'z';
+    for (const QChar c : ext) {
+        if (c.unicode() >= 0x80) return u'z' + ext.toString().toLower();  // beyond ASCII: the full rules
+        *out++ = c >= u'A' && c <= u'Z' ? QChar(c.unicode() + 32) : c;
+    }
     return key;
 }
 }  // namespace
