@@ -93,7 +93,8 @@ bool StillSafe(const TempFolder& folder) {
 // spare's own too) makes the link fail and falls to the plain create.
 bool TryCreate(const TempFolder& folder, const QString& sFileName) {
     const QByteArray name = Encoded(sFileName);
-    if (folder.spare && ::linkat(folder.dir, SpareName().constData(), folder.dir, name.constData(), 0) == 0) return true;
+    if (folder.spare && ::linkat(folder.dir, SpareName().constData(), folder.dir, name.constData(), 0) == 0)
+        return true;
     const int fd = ::openat(folder.dir, name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (fd < 0) return false;
     ::close(fd);

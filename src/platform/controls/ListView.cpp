@@ -4,11 +4,11 @@
 #include "platform/controls/keys.h"
 #include "platform/controls/twips.h"
 
+#include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QListView>
 #include <QMouseEvent>
-#include <QAbstractTableModel>
 #include <QTreeView>
 
 namespace controls {
@@ -96,7 +96,8 @@ public:
 
 private:
     QVariant Alignment(int column) const {
-        return alignments_[column] == 1 ? int(Qt::AlignRight | Qt::AlignVCenter) : int(Qt::AlignLeft | Qt::AlignVCenter);
+        const Qt::Alignment side = alignments_[column] == 1 ? Qt::AlignRight : Qt::AlignLeft;
+        return int(side | Qt::AlignVCenter);
     }
 
     std::vector<Row> rows_;

@@ -82,7 +82,8 @@ uint32_t RichLog::ColorAt(int pos) const {
 void RichLog::mouseReleaseEvent(QMouseEvent* e) {
     QTextEdit::mouseReleaseEvent(e);
     if (onMouseUp) {
-        onMouseUp(ButtonOf(e->button()), ShiftOf(e->modifiers()), ToTwips(int(e->position().x())), ToTwips(int(e->position().y())));
+        const QPoint p = e->position().toPoint();
+        onMouseUp(ButtonOf(e->button()), ShiftOf(e->modifiers()), ToTwips(p.x()), ToTwips(p.y()));
     }
 }
 
