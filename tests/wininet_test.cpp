@@ -16,6 +16,7 @@
 #include <QTimeZone>
 #include <gtest/gtest.h>
 #include <map>
+#include <set>
 
 namespace {
 
@@ -275,6 +276,27 @@ TEST_P(OnBoth, AnEmptyFolderFindsNothingAndTheConnectionGoesOn) {
     EXPECT_EQ(FtpFindFirstFileA(h, "*.*", d, 0, 0), 0u);
     EXPECT_EQ(Pwd(h), Remote("void"));
     EXPECT_EQ(FtpFindFirstFileA(0, "*.*", d, 0, 0), 0u);
+}
+
+TEST_P(OnBoth, ALongListingArrivesWholeWhateverItsPiecesAre) {
+    // Lines are parsed as the data arrives, so many of them are cut between
+    // two reads of the socket; not one may be lost or split.
+    server.MakeFolder("many");
+    std::set<QString> wanted;
+    for (int i = 0; i < 3000; ++i) {
+        const QString name =
+            QString("entry %1 with a name long enough to fill the lines.dat").arg(i, 5, 10, QChar('0'));
+        server.WriteFile("many/" + name, QByteArray(i % 7, 'x'));
+        wanted.insert(name);
+    }
+    const HINTERNET h = Connect(server);
+    ASSERT_TRUE(FtpSetCurrentDirectoryA(h, "many"));
+    std::set<QString> seen;
+    for (const auto& [name, d] : List(h)) {
+        seen.insert(name);
+        EXPECT_EQ(Size(d), name.mid(6, 5).toInt() % 7) << qPrintable(name);
+    }
+    EXPECT_EQ(seen, wanted);
 }
 
 TEST(Find, ListingsThatNameDotAndDotDotKeepThem) {
