@@ -31,28 +31,17 @@ struct LocalReaderVariant {
 
 constexpr LocalReaderVariant PaneReader() { return {}; }
 constexpr LocalReaderVariant PopupReader() {
-    LocalReaderVariant v;
-    v.caseSensitive = true;
-    v.nameLength = 260;
-    v.showDirectoryLetter = false;
-    v.trimDay = true;
-    return v;
+    return {.caseSensitive = true, .nameLength = 260, .showDirectoryLetter = false, .trimDay = true};
 }
 constexpr LocalReaderVariant DownloadAsReader() {
-    LocalReaderVariant v;
-    v.caseSensitive = true;
-    v.nameLength = 260;
-    v.showDirectoryLetter = false;
-    v.dateiFallback = false;
-    v.probeEmptyAfterLookup = true;
-    return v;
+    return {.caseSensitive = true,
+            .nameLength = 260,
+            .showDirectoryLetter = false,
+            .dateiFallback = false,
+            .probeEmptyAfterLookup = true};
 }
 constexpr LocalReaderVariant DeleteReader() {
-    LocalReaderVariant v;
-    v.caseSensitive = true;
-    v.directoryBeforeSystem = true;
-    v.trimDay = true;
-    return v;
+    return {.caseSensitive = true, .directoryBeforeSystem = true, .trimDay = true};
 }
 
 // Entries 0..N-1 and one blank slot behind them, so size() - 1 is the count.
