@@ -63,17 +63,17 @@ void MdiMain::mnuVerbindungVerbinden_Click() {
 
     MoveLogCaretToEnd();
     Log().SetSelColor(kBlack);
-    Log().SetSelText(GetLanguageText("CONNECT_WITH") + " " + txtAddress->Text() + " ..." + vbCrLf);
+    Log().SetSelText(GetLanguageText(QStringLiteral("CONNECT_WITH")) + u' ' + txtAddress->Text() + QStringLiteral(" ...") + vbCrLf);
     DoEvents();
 
     Initialize_Internet();
     if (OpenConnection(txtAddress->Text(), txtPort->Text(), txtUserID->Text(), txtPassword->Text())) {
-        FtpSetCurrentDirectoryA(hConnection, "/");
+        FtpSetCurrentDirectoryA(hConnection, QStringLiteral("/"));
         // Colour before the caret move: the move takes the colour of the
         // text before the caret, as it always has here.
         Log().SetSelColor(kGreen);
         MoveLogCaretToEnd();
-        Log().SetSelText(GetLanguageText("CONNECTION_TO") + " " + txtAddress->Text() + " " +
+        Log().SetSelText(GetLanguageText(QStringLiteral("CONNECTION_TO")) + u' ' + txtAddress->Text() + u' ' +
                          GetLanguageText("ESTABLSHED") + vbCrLf);
         Log().SetSelColor(kBlack);
         RefreshServer(hConnection);
@@ -104,11 +104,11 @@ void MdiMain::QuickConnect() {
 
     Initialize_Internet();
     if (OpenConnection(txtAddress->Text(), txtPort->Text(), txtUserID->Text(), txtPassword->Text())) {
-        FtpSetCurrentDirectoryA(hConnection, "/");
+        FtpSetCurrentDirectoryA(hConnection, QStringLiteral("/"));
         MoveLogCaretToEnd();
         Log().SetSelColor(kBlack);
-        Log().SetSelText(GetLanguageText("CONNECT_WITH") + " " + txtAddress->Text() + " ..." + vbCrLf);
-        AppendLogLine(kGreen, GetLanguageText("CONNECTION_WITH") + " " + txtAddress->Text() + " " +
+        Log().SetSelText(GetLanguageText(QStringLiteral("CONNECT_WITH")) + u' ' + txtAddress->Text() + QStringLiteral(" ...") + vbCrLf);
+        AppendLogLine(kGreen, GetLanguageText(QStringLiteral("CONNECTION_WITH")) + u' ' + txtAddress->Text() + u' ' +
                                   GetLanguageText("WAS_ESTABLISHT"));
         RefreshServer(hConnection);
     } else {
@@ -121,9 +121,9 @@ void MdiMain::QuickConnect() {
 }
 
 void MdiMain::tlbConnect_ButtonClick(const QString& key) {
-    if (key == "connect")
+    if (key == QStringLiteral("connect"))
         mnuVerbindungVerbinden_Click();
-    else if (key == "ascii")
+    else if (key == QStringLiteral("ascii"))
         mnuVerbindungASCIIListe_Click();
     txtAddress->SetEnabled(true);
     txtUserID->SetEnabled(true);

@@ -15,30 +15,30 @@ W* Place(W* w, int left, int top, int width, int height) {
 }  // namespace
 
 void MdiMain::BuildConnectionBar() {
-    fraTop = Place(new QGroupBox("Meine Verbindung", picTop), 45, 15, 15090, 585);
-    QFont font("MS Sans Serif");
+    fraTop = Place(new QGroupBox(QStringLiteral("Meine Verbindung"), picTop), 45, 15, 15090, 585);
+    QFont font(QStringLiteral("MS Sans Serif"));
     font.setPointSizeF(9.75);
     fraTop->setFont(font);
 
-    lblAdresse = Place(new QLabel("Adresse", fraTop), 120, 225, 1020, 240);
+    lblAdresse = Place(new QLabel(QStringLiteral("Adresse"), fraTop), 120, 225, 1020, 240);
     txtAddress = Place(new controls::TextBox(fraTop), 1170, 210, 1500, 285);
-    lblBenutzer = Place(new QLabel("Benutzer", fraTop), 2730, 225, 1080, 240);
+    lblBenutzer = Place(new QLabel(QStringLiteral("Benutzer"), fraTop), 2730, 225, 1080, 240);
     txtUserID = Place(new controls::TextBox(fraTop), 3840, 210, 1500, 285);
-    lblPasswort = Place(new QLabel("Passwort", fraTop), 5385, 225, 1185, 240);
+    lblPasswort = Place(new QLabel(QStringLiteral("Passwort"), fraTop), 5385, 225, 1185, 240);
     txtPassword = Place(new controls::TextBox(fraTop), 6600, 210, 1425, 285);
-    lblPort = Place(new QLabel("Port", fraTop), 8085, 225, 795, 240);
+    lblPort = Place(new QLabel(QStringLiteral("Port"), fraTop), 8085, 225, 795, 240);
     txtPort = Place(new controls::TextBox(fraTop), 8940, 210, 510, 285);
     tlbConnect = Place(new controls::Toolbar(fraTop), 9705, 195, 1260, 330);
     chkPassiveTransfer = Place(new controls::CheckBox(fraTop), 11055, 240, 2370, 270);
-    chkPassiveTransfer->setText("Passiver Transfer");
-    lblModus = Place(new QLabel("Modus", fraTop), 13545, 240, 735, 240);
+    chkPassiveTransfer->setText(QStringLiteral("Passiver Transfer"));
+    lblModus = Place(new QLabel(QStringLiteral("Modus"), fraTop), 13545, 240, 735, 240);
     cboTransferMode = Place(new controls::ComboBox(fraTop), 14310, 180, 960, 315);
 
     txtAddress->setObjectName("txtAddress");
     txtUserID->setObjectName("txtUserID");
     txtPassword->setObjectName("txtPassword");
     txtPort->setObjectName("txtPort");
-    txtPort->SetText("21");
+    txtPort->SetText(QStringLiteral("21"));
     txtPassword->setEchoMode(QLineEdit::Password);
     // Tab order of the design: address, user, password, port, toolbar.
     setTabOrder(txtAddress, txtUserID);

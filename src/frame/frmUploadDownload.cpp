@@ -8,8 +8,8 @@ controls::FormSlot<FrmUploadDownload> frmUploadDownload;
 FrmUploadDownload::FrmUploadDownload() {
     setObjectName("frmUploadDownload");
     imgUploadDownload = new controls::ImageList(this);
-    imgUploadDownload->Add("upload", shell::BundledIcon("upload"));
-    imgUploadDownload->Add("download", shell::BundledIcon("download"));
+    imgUploadDownload->Add(QStringLiteral("upload"), shell::BundledIcon(QStringLiteral("upload")));
+    imgUploadDownload->Add(QStringLiteral("download"), shell::BundledIcon(QStringLiteral("download")));
     tlbUpload = new controls::Toolbar(this);
     tlbDownload = new controls::Toolbar(this);
     tlbUpload->setOrientation(Qt::Vertical);
@@ -20,12 +20,12 @@ FrmUploadDownload::FrmUploadDownload() {
 
 void FrmUploadDownload::Form_Load() {
     tlbUpload->SetImageList(imgUploadDownload);
-    auto& up = tlbUpload->AddButton("upload", 1);
+    auto& up = tlbUpload->AddButton(QStringLiteral("upload"), 1);
     up.SetToolTipText(GetLanguageText("FRMLOCAL_UPLOAD"));
     up.description = up.ToolTipText();
     tlbDownload->SetImageList(imgUploadDownload);
     // The download arrow's key is "del"; nothing reads it.
-    auto& down = tlbDownload->AddButton("del", 2);
+    auto& down = tlbDownload->AddButton(QStringLiteral("del"), 2);
     down.SetToolTipText(GetLanguageText("FRMSERVER_DOWN"));
     down.description = down.ToolTipText();
     tlbUpload->adjustSize();

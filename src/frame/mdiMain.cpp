@@ -58,17 +58,17 @@ MdiMain::MdiMain() {
 
     shell::EnsureIconTheme();
     imlToolbarIcons = new controls::ImageList(this);
-    imlToolbarIcons->Add("connect", shell::BundledIcon("connect"));
-    imlToolbarIcons->Add("ascii", shell::BundledIcon("ascii-list"));
+    imlToolbarIcons->Add(QStringLiteral("connect"), shell::BundledIcon(QStringLiteral("connect")));
+    imlToolbarIcons->Add(QStringLiteral("ascii"), shell::BundledIcon(QStringLiteral("ascii-list")));
     imgListLarge = new controls::ImageList(this);
     imgListSmall = new controls::ImageList(this);
     imgDir = new controls::ImageList(this);
-    imgDir->Add(QString(), shell::BundledIcon("folder"));
-    imgDir->Add(QString(), shell::BundledIcon("folder"));
-    imgDir->Add(QString(), shell::BundledIcon("unknown"));
-    imgDir->Add(QString(), shell::BundledIcon("unknown"));
+    imgDir->Add(QString(), shell::BundledIcon(QStringLiteral("folder")));
+    imgDir->Add(QString(), shell::BundledIcon(QStringLiteral("folder")));
+    imgDir->Add(QString(), shell::BundledIcon(QStringLiteral("unknown")));
+    imgDir->Add(QString(), shell::BundledIcon(QStringLiteral("unknown")));
 
-    setWindowIcon(shell::BundledIcon("app"));
+    setWindowIcon(shell::BundledIcon(QStringLiteral("app")));
     const int chrome = menuBar->sizeHint().height() + picTop->height() + pgbBottom->height();
     resize(ToPixels(kClientWidth), ToPixels(kClientHeight) + chrome);
 }
@@ -90,10 +90,10 @@ void MdiMain::Form_Load() {
     // 4. Connection toolbar.
     tlbConnect->SetImageList(imlToolbarIcons);
     {
-        auto& b = tlbConnect->AddButton("connect", 1);
+        auto& b = tlbConnect->AddButton(QStringLiteral("connect"), 1);
         b.SetToolTipText(GetLanguageText("BUILD_CONNECTION"));
         b.description = b.ToolTipText();
-        auto& a = tlbConnect->AddButton("ascii", 2);
+        auto& a = tlbConnect->AddButton(QStringLiteral("ascii"), 2);
         a.SetToolTipText(GetLanguageText("ASCII_LIST_SHOW"));
         a.description = a.ToolTipText();
     }
@@ -148,9 +148,9 @@ void MdiMain::Form_Load() {
     log.SetSelColor(kBlack);
     const QLocale locale = QLocale::system();
     const QDateTime now = QDateTime::currentDateTime();
-    log.SetSelText(GetLanguageText("WELCOME1") + vbCrLf + GetLanguageText("WELCOME2") + " " +
-                   locale.toString(now.date(), QLocale::ShortFormat) + " " + GetLanguageText("WELCOME3") +
-                   " " + locale.toString(now.time(), QLocale::ShortFormat) + " " +
+    log.SetSelText(GetLanguageText(QStringLiteral("WELCOME1")) + vbCrLf + GetLanguageText(QStringLiteral("WELCOME2")) + u' ' +
+                   locale.toString(now.date(), QLocale::ShortFormat) + u' ' + GetLanguageText(QStringLiteral("WELCOME3")) +
+                   u' ' + locale.toString(now.time(), QLocale::ShortFormat) + u' ' +
                    GetLanguageText("WELCOME4") + vbCrLf);
     log.SetSelColor(kBlack);
 }

@@ -5,10 +5,10 @@
 #include "platform/seams.h"
 
 namespace {
-QAction* Entry(QMenu* menu, const QString& name, const QString& caption,
-               const QKeySequence& shortcut = QKeySequence()) {
-    QAction* a = menu->addAction(caption);
-    a->setObjectName(name);
+// Names and design-time captions are the program's own UTF-8 literals.
+QAction* Entry(QMenu* menu, const char* name, const char* caption, const QKeySequence& shortcut = QKeySequence()) {
+    QAction* a = menu->addAction(QString::fromUtf8(caption));
+    a->setObjectName(QString::fromUtf8(name));
     if (!shortcut.isEmpty()) {
         a->setShortcut(shortcut);
         // Shortcuts work whichever pane has the focus.
@@ -16,9 +16,10 @@ QAction* Entry(QMenu* menu, const QString& name, const QString& caption,
     }
     return a;
 }
-QMenu* Sub(QWidget*, QMenuBar* bar, QMenu* menu, const QString& name, const QString& caption) {
-    QMenu* m = menu ? menu->addMenu(caption) : bar->addMenu(caption);
-    m->setObjectName(name);
+QMenu* Sub(QMenuBar* bar, QMenu* menu, const char* name, const char* caption) {
+    const QString text = QString::fromUtf8(caption);
+    QMenu* m = menu ? menu->addMenu(text) : bar->addMenu(text);
+    m->setObjectName(QString::fromUtf8(name));
     return m;
 }
 }  // namespace
@@ -27,13 +28,13 @@ void MdiMain::BuildMenus() {
     menuBar = new QMenuBar(this);
     menuBar->setNativeMenuBar(false);
 
-    mnuFile = Sub(this, menuBar, nullptr, "mnuFile", "&Datei");
+    mnuFile = Sub(menuBar, nullptr, "mnuFile", "&Datei");
     mnuFileExit = Entry(mnuFile, "mnuFileExit", "&Exit");
 
-    mnuVerbindung = Sub(this, menuBar, nullptr, "mnuVerbindung", "Meine &Verbindung");
+    mnuVerbindung = Sub(menuBar, nullptr, "mnuVerbindung", "Meine &Verbindung");
     mnuVerbindungVerbinden = Entry(mnuVerbindung, "mnuVerbindungVerbinden", "&Verbinden", Qt::Key_F4);
     mnuVerbindung->addSeparator();
-    mnuVerbindungTransfer = Sub(this, menuBar, mnuVerbindung, "mnuVerbindungTransfer", "&Transfermodus");
+    mnuVerbindungTransfer = Sub(menuBar, mnuVerbindung, "mnuVerbindungTransfer", "&Transfermodus");
     mnuVerbindungTransferASCII = Entry(mnuVerbindungTransfer, "mnuVerbindungTransferASCII", "&ASCII");
     mnuVerbindungTransferBINARY = Entry(mnuVerbindungTransfer, "mnuVerbindungTransferBINARY", "&BINARY");
     mnuVerbindungTransferAUTO = Entry(mnuVerbindungTransfer, "mnuVerbindungTransferAUTO", "AU&TO");
@@ -41,7 +42,7 @@ void MdiMain::BuildMenus() {
         a->setCheckable(true);
     mnuVerbindungTransferAUTO->setChecked(true);
     mnuVerbindungPassiverTransfer =
-        Sub(this, menuBar, mnuVerbindung, "mnuVerbindungPassiverTransfer", "&Passiver Transfer");
+        Sub(menuBar, mnuVerbindung, "mnuVerbindungPassiverTransfer", "&Passiver Transfer");
     mnuVerbindungTransfertypEin = Entry(mnuVerbindungPassiverTransfer, "mnuVerbindungTransfertypEin", "&Ein");
     mnuVerbindungTransfertypAus = Entry(mnuVerbindungPassiverTransfer, "mnuVerbindungTransfertypAus", "&Aus");
     // Ticked by design and never touched again: the two entries have no work.
@@ -53,7 +54,7 @@ void MdiMain::BuildMenus() {
     mnuVerbindung->addSeparator();
     mnuVerbindungASCIIListe = Entry(mnuVerbindung, "mnuVerbindungASCIIListe", "&ASCII Liste");
 
-    mnuMyComputer = Sub(this, menuBar, nullptr, "mnuMyComputer", "Mein &Computer");
+    mnuMyComputer = Sub(menuBar, nullptr, "mnuMyComputer", "Mein &Computer");
     mnuMyComputerUpload = Entry(mnuMyComputer, "mnuMyComputerUpload", "&Upload", Qt::Key_F2);
     mnuMyComputerUploadAls = Entry(mnuMyComputer, "mnuMyComputerUploadAls", "U&pload als ...");
     mnuMyComputer->addSeparator();
@@ -64,14 +65,14 @@ void MdiMain::BuildMenus() {
     mnuMyComputer->addSeparator();
     mnuMyComputerLoeschen = Entry(mnuMyComputer, "mnuMyComputerLoeschen", "&Löschen", Qt::Key_Delete);
     mnuMyComputer->addSeparator();
-    mnuMyComputerNeu = Sub(this, menuBar, mnuMyComputer, "mnuMyComputerNeu", "&Neu");
+    mnuMyComputerNeu = Sub(menuBar, mnuMyComputer, "mnuMyComputerNeu", "&Neu");
     mnuMyComputerNeuOrdner = Entry(mnuMyComputerNeu, "mnuMyComputerNeuOrdner", "&Ordner");
     mnuMyComputer->addSeparator();
     mnuMyComputerAktualisieren = Entry(mnuMyComputer, "mnuMyComputerAktualisieren", "&Aktualisieren", Qt::Key_F5);
     mnuMyComputer->addSeparator();
     mnuMyComputerEigenschaften = Entry(mnuMyComputer, "mnuMyComputerEigenschaften", "&Eigenschaften");
 
-    mnuMyServer = Sub(this, menuBar, nullptr, "mnuMyServer", "Mein &Server");
+    mnuMyServer = Sub(menuBar, nullptr, "mnuMyServer", "Mein &Server");
     mnuMyServerDownload = Entry(mnuMyServer, "mnuMyServerDownload", "&Download", Qt::CTRL | Qt::Key_F2);
     mnuMyServerDownloadAls = Entry(mnuMyServer, "mnuMyServerDownloadAls", "D&ownload als ...");
     mnuMyServer->addSeparator();
@@ -82,13 +83,13 @@ void MdiMain::BuildMenus() {
     mnuMyServer->addSeparator();
     mnuMyServerLoeschen = Entry(mnuMyServer, "mnuMyServerLoeschen", "&Löschen", Qt::SHIFT | Qt::Key_Delete);
     mnuMyServer->addSeparator();
-    mnuMyServerNeu = Sub(this, menuBar, mnuMyServer, "mnuMyServerNeu", "&Neu");
+    mnuMyServerNeu = Sub(menuBar, mnuMyServer, "mnuMyServerNeu", "&Neu");
     mnuMyServerNeuOrdner = Entry(mnuMyServerNeu, "mnuMyServerNeuOrdner", "&Ordner");
     mnuMyServer->addSeparator();
     mnuMyServerAktualisieren = Entry(mnuMyServer, "mnuMyServerAktualisieren", "&Aktualisieren", Qt::CTRL | Qt::Key_F5);
 
-    mniInfo = Sub(this, menuBar, nullptr, "mniInfo", "&?");
-    mnuInfoWeb = Sub(this, menuBar, mniInfo, "mnuInfoWeb", "&Brackhaven Laboratories im Web");
+    mniInfo = Sub(menuBar, nullptr, "mniInfo", "&?");
+    mnuInfoWeb = Sub(menuBar, mniInfo, "mnuInfoWeb", "&Brackhaven Laboratories im Web");
     mnuInfoWebHomepage = Entry(mnuInfoWeb, "mnuInfoWebHomepage", "&Homepage");
     mnuInfoInfo = Entry(mniInfo, "mnuInfoInfo", "&Info", Qt::Key_F12);
 

@@ -30,7 +30,7 @@ void Reinitialize_Internet() {
     const QString password = frame.txtPassword->Text();
     if (ReopenConnection(server, port, user, password)) {
         (void)frame.chkPassiveTransfer->Value();  // read, and nothing hangs on it
-        FtpSetCurrentDirectoryA(hConnection, "/");
+        FtpSetCurrentDirectoryA(hConnection, QStringLiteral("/"));
     } else {
         MsgBox(GetLanguageText("MPUB_NOCONN1") + vbCrLf + GetLanguageText("MPUB_NOCONN2") + vbCrLf +
                    GetLanguageText("MPUB_NOCONN3") + vbCrLf,

@@ -16,7 +16,7 @@ controls::FormSlot<FrmStart> frmStart;
 namespace {
 QLabel* InfoLabel(const QString& text, QWidget* parent, int pointSize) {
     auto* l = new QLabel(text, parent);
-    QFont f("Arial");
+    QFont f(QStringLiteral("Arial"));
     f.setPointSize(pointSize);
     l->setFont(f);
     return l;
@@ -28,11 +28,11 @@ FrmStart::FrmStart() {
     // Written in all languages at once: none has been chosen yet.
     setWindowTitle(QStringLiteral("Bitte wählen Sie Ihre Sprache"));
     shell::EnsureIconTheme();
-    setWindowIcon(shell::BundledIcon("app"));
+    setWindowIcon(shell::BundledIcon(QStringLiteral("app")));
 
     auto* outer = new QHBoxLayout(this);
     picLinks = new QLabel(this);
-    picLinks->setPixmap(shell::BundledIcon("start-banner").pixmap(160, 300));
+    picLinks->setPixmap(shell::BundledIcon(QStringLiteral("start-banner")).pixmap(160, 300));
     outer->addWidget(picLinks);
 
     auto* right = new QVBoxLayout;
@@ -98,7 +98,7 @@ void FrmStart::Form_Load() {
     for (const LanguageRow& row : ReadLanguages(30)) cboSprache->AddItem(row.displayName);
     // Fewer than three languages: the assignment fails and nothing is chosen.
     cboSprache->SetListIndex(2);
-    LoadRtfFile(AppPathPosix() + "/Dateien/la.rtf", rtfLizenzvereinbarungen);
+    LoadRtfFile(AppPathPosix() + QStringLiteral("/Dateien/la.rtf"), rtfLizenzvereinbarungen);
 }
 
 void FrmStart::tabStart_Click() {

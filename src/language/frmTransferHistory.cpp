@@ -9,7 +9,7 @@ FrmTransferHistory::FrmTransferHistory() {
     fraTransferHistory = new QGroupBox(this);
     rtfTransferHistory = new controls::RichLog(fraTransferHistory);
     rtfTransferHistory->setObjectName("rtfTransferHistory");
-    QFont font("Arial");
+    QFont font(QStringLiteral("Arial"));
     font.setPointSizeF(8.25);
     rtfTransferHistory->setFont(font);
     controls::PlaceTwips(rtfTransferHistory, 90, 195, 4000, 1000);

@@ -25,5 +25,9 @@ std::vector<LanguageRow> ReadLanguages(int maxRecords);
 // The text of sKey in the table named by sLanguageTable; "########" for a
 // missing key, an empty text or any failure.
 QString GetLanguageText(const QString& sKey);
+// Keys are the program's own ASCII literals.
+inline QString GetLanguageText(const char* sKey) {
+    return GetLanguageText(QString::fromLatin1(sKey));
+}
 
 inline const QString kMissingText = QStringLiteral("########");

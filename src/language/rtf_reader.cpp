@@ -50,8 +50,8 @@ public:
             if (s.bold) style += QStringLiteral("font-weight:bold;");
             if (s.italic) style += QStringLiteral("font-style:italic;");
             if (s.underline) style += QStringLiteral("text-decoration:underline;");
-            if (s.colour > 0 && s.colour < int(colours_.size())) style += "color:" + colours_[size_t(s.colour)] + ";";
-            html += "<span style=\"" + style + "\">" + text + "</span>";
+            if (s.colour > 0 && s.colour < int(colours_.size())) style += QStringLiteral("color:") + colours_[size_t(s.colour)] + QStringLiteral(";");
+            html += QStringLiteral("<span style=\"") + style + QStringLiteral("\">") + text + QStringLiteral("</span>");
         };
         // An empty \par still takes a line, as it does in a word processor.
         const auto endParagraph = [&] {
@@ -78,7 +78,7 @@ public:
                 const char n = in_[pos_];
                 if (n == '\\' || n == '{' || n == '}') {
                     ++pos_;
-                    if (pendingSkip > 0) --pendingSkip; else run += Escape(QChar(n));
+                    if (pendingSkip > 0) --pendingSkip; else run += Escape(QLatin1Char(n));
                 } else if (n == '\'') {
                     pos_++;
                     bool ok = false;
@@ -183,7 +183,7 @@ private:
         while (pos_ < in_.size() && in_[pos_] != '}') {
             const char c = in_[pos_++];
             if (c == ';') {
-                colours_.push_back(QStringLiteral("#%1%2%3").arg(r, 2, 16, QChar('0')).arg(g, 2, 16, QChar('0')).arg(b, 2, 16, QChar('0')));
+                colours_.push_back(QStringLiteral("#%1%2%3").arg(r, 2, 16, QChar(u'0')).arg(g, 2, 16, QChar(u'0')).arg(b, 2, 16, QChar(u'0')));
                 r = g = b = 0;
             } else if (c == '\\') {
                 QByteArray word;

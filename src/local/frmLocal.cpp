@@ -11,14 +11,14 @@ controls::FormSlot<FrmLocal> frmLocal;
 namespace {
 controls::ImageList* Pictures(QObject* owner, std::initializer_list<std::pair<const char*, const char*>> list) {
     auto* images = new controls::ImageList(owner);
-    for (const auto& [key, picture] : list) images->Add(key, shell::BundledIcon(picture));
+    for (const auto& [key, picture] : list) images->Add(QString::fromLatin1(key), shell::BundledIcon(QString::fromLatin1(picture)));
     return images;
 }
 }  // namespace
 
 FrmLocal::FrmLocal() {
     setObjectName("frmLocal");
-    fraLocal = new QGroupBox("Mein Computer", this);
+    fraLocal = new QGroupBox(QStringLiteral("Mein Computer"), this);
     drvDrive = new controls::DriveListBox(fraLocal);
     tlbdrvDrive = new controls::Toolbar(fraLocal);
     trwPaths = new controls::TreeView(fraLocal);
@@ -68,7 +68,7 @@ void FrmLocal::Form_Load() {
                                                            {"upload", "FRMLOCAL_UPLOAD"}};
     int image = 1;
     for (const auto& [key, tip] : options) {
-        auto& b = tlbDirOptions->AddButton(key, image++);
+        auto& b = tlbDirOptions->AddButton(QString::fromLatin1(key), image++);
         b.SetToolTipText(GetLanguageText(tip));
         b.description = b.ToolTipText();
     }
@@ -77,13 +77,13 @@ void FrmLocal::Form_Load() {
         {"eins", "FRMLOCAL_BIG"}, {"zwei", "FRMLOCAL_SMALL"}, {"drei", "FRMLOCAL_LIST"}, {"vier", "FRMLOCAL_DETAIL"}};
     image = 1;
     for (const auto& [key, tip] : views) {
-        auto& b = tlbLocal->AddButton(key, image++);
+        auto& b = tlbLocal->AddButton(QString::fromLatin1(key), image++);
         b.SetToolTipText(GetLanguageText(tip));
         // Only the first of them ever had a description.
-        if (b.key == "eins") b.description = b.ToolTipText();
+        if (b.key == QStringLiteral("eins")) b.description = b.ToolTipText();
     }
     tlbdrvDrive->SetImageList(imgdrvDrive);
-    auto& refresh = tlbdrvDrive->AddButton("refresh", 1);
+    auto& refresh = tlbdrvDrive->AddButton(QStringLiteral("refresh"), 1);
     refresh.SetToolTipText(GetLanguageText("FRMLOCAL_REFRESH"));
     refresh.description = refresh.ToolTipText();
 
@@ -103,25 +103,25 @@ void FrmLocal::ViewFolder(QString& pPath, const QString& pPattern) {
 }
 
 void FrmLocal::tlbLocal_ButtonClick(const QString& key) {
-    if (key == "eins") lsvDirFile->SetView(0);
-    else if (key == "zwei") lsvDirFile->SetView(1);
-    else if (key == "drei") lsvDirFile->SetView(2);
-    else if (key == "vier") lsvDirFile->SetView(3);
+    if (key == QStringLiteral("eins")) lsvDirFile->SetView(0);
+    else if (key == QStringLiteral("zwei")) lsvDirFile->SetView(1);
+    else if (key == QStringLiteral("drei")) lsvDirFile->SetView(2);
+    else if (key == QStringLiteral("vier")) lsvDirFile->SetView(3);
 }
 
 void FrmLocal::tlbdrvDrive_ButtonClick(const QString& key) {
     // Only the drive list: tree and rows stay as they are.
-    if (key == "refresh") drvDrive->Refresh();
+    if (key == QStringLiteral("refresh")) drvDrive->Refresh();
 }
 
 void FrmLocal::tlbDirOptions_ButtonClick(const QString& key) {
     // The commands on selected rows come with the pane commands.
-    if (key == "refresh") RefreshLocal();
+    if (key == QStringLiteral("refresh")) RefreshLocal();
 }
 
 void FrmLocal::lsvDirFile_KeyDown(int& keyCode, int) {
     if (keyCode == controls::vbKeyF5) {
         QString folder = CurrentFolder();
-        ViewFolder(folder, "*.*");
+        ViewFolder(folder, QStringLiteral("*.*"));
     }
 }

@@ -76,7 +76,7 @@ QString DateiTypeText(const QString& sKey) {
     // Keys of 3 to 11 characters lose their "z"; shorter and longer ones
     // keep it. The uneven limit is how the pane has always named them.
     const QString stem = sKey.size() >= 3 && sKey.size() <= 11 ? sKey.mid(1) : sKey;
-    return stem.toUpper() + "-Datei";
+    return stem.toUpper() + QStringLiteral("-Datei");
 }
 
 bool ReadLocalFolder(QString& pPath, const QString& pPattern, const LocalReaderVariant& variant) {

@@ -51,25 +51,25 @@ QString FrmLocal::CurrentFolder(bool lowerFallback) const {
     } else {
         text = trwPaths->Text(index).trimmed();
     }
-    if (index == 1) return text + "\\";
+    if (index == 1) return text + QStringLiteral("\\");
     QString path = text;
     for (int parent = trwPaths->Parent(index); parent != 0; parent = trwPaths->Parent(parent)) {
         const QString parentText = trwPaths->Text(parent).trimmed();
-        path = parentText + "\\" + path;
-        if (parentText.size() >= 2 && parentText[1] == ':') break;
+        path = parentText + QStringLiteral("\\") + path;
+        if (parentText.size() >= 2 && parentText[1] == u':') break;
     }
-    return path + "\\";
+    return path + QStringLiteral("\\");
 }
 
 void FrmLocal::RefreshLocal() {
     QString folder = CurrentFolder();
-    ViewFolder(folder, "*.*");
+    ViewFolder(folder, QStringLiteral("*.*"));
 }
 
 void FrmLocal::ViewSelectedNode() {
     QString folder = CurrentFolder();
     SetMousePointer(11);
-    ViewFolder(folder, "*.*");
+    ViewFolder(folder, QStringLiteral("*.*"));
     SetMousePointer(0);
 }
 
@@ -83,14 +83,14 @@ void FrmLocal::ReadDrive(const QString& pDrive) {
 
 void FrmLocal::GetFilestrwPaths(const QString& pPath) {
     arrLocalFolders.assign(1, tLocalFolder{});
-    const QString base = pPath.endsWith('\\') ? pPath : pPath + "\\";
+    const QString base = pPath.endsWith(u'\\') ? pPath : pPath + QStringLiteral("\\");
     WIN32_FIND_DATA data;
-    const HANDLE hFind = FindFirstFileA(pPath + "*.*", data);
+    const HANDLE hFind = FindFirstFileA(pPath + QStringLiteral("*.*"), data);
     if (hFind != 0) {
         do {
             const QString name = data.cFileName;
-            if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && name != "." && name != "..") {
-                arrLocalFolders.back() = tLocalFolder{name, base + name + "\\"};
+            if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && name != QStringLiteral(".") && name != QStringLiteral("..")) {
+                arrLocalFolders.back() = tLocalFolder{name, base + name + QStringLiteral("\\")};
                 arrLocalFolders.emplace_back();
             }
         } while (FindNextFileA(hFind, data = WIN32_FIND_DATA{}));
@@ -110,10 +110,10 @@ void FrmLocal::trwPaths_Expand(int node) {
     const int first = trwPaths->FirstSibling(child);
     const int last = trwPaths->LastSibling(child);
     for (int i = first; i != 0 && i <= last; ++i) {
-        if (trwPaths->Tag(i) == "*") continue;
+        if (trwPaths->Tag(i) == QStringLiteral("*")) continue;
         SetMousePointer(11);
         GetFilestrwPaths(trwPaths->Key(i));
-        trwPaths->SetTag(i, "*");
+        trwPaths->SetTag(i, QStringLiteral("*"));
         SetMousePointer(0);
     }
 }
@@ -121,13 +121,13 @@ void FrmLocal::trwPaths_Expand(int node) {
 void FrmLocal::drvDrive_Change() {
     const QString sDrive = drvDrive->Drive().left(2);
     if (!localfs::DriveExists(sDrive)) {
-        MsgBox(GetLanguageText("FRMLOCAL_INSERTDEVICE") + " " + sDrive + GetLanguageText("FRMLOCAL_INTO"), 48);
+        MsgBox(GetLanguageText(QStringLiteral("FRMLOCAL_INSERTDEVICE")) + u' ' + sDrive + GetLanguageText(QStringLiteral("FRMLOCAL_INTO")), 48);
         return;
     }
-    localfs::ChDir(sDrive + "\\");
-    ReadDrive(sDrive + "\\");
+    localfs::ChDir(sDrive + QStringLiteral("\\"));
+    ReadDrive(sDrive + QStringLiteral("\\"));
     cboLocal->Clear();
-    cboLocal->AddItem(sDrive.toUpper() + "\\");
+    cboLocal->AddItem(sDrive.toUpper() + QStringLiteral("\\"));
     // The combo's click fills the list.
     cboLocal->SetListIndex(0);
 }
@@ -136,11 +136,11 @@ void FrmLocal::ChooseStartDrive() {
     // The fixed order of the classic start: the floppy comes last.
     QString tried;
     for (const char* drive : {"c:\\", "d:\\", "e:\\", "f:\\", "g:\\", "a:\\"}) {
-        tried = drive;
+        tried = QString::fromLatin1(drive);
         if (drvDrive->SetDrive(tried)) break;
     }
-    ReadDrive(tried.left(2).toLower() + "\\");
-    ViewFolder(tried, "*.*");
+    ReadDrive(tried.left(2).toLower() + QStringLiteral("\\"));
+    ViewFolder(tried, QStringLiteral("*.*"));
     // The first row of the tree.
     trwPaths->SetDropHighlight(trwPaths->HitTest(675, 105));
 }
@@ -148,21 +148,21 @@ void FrmLocal::ChooseStartDrive() {
 void FrmLocal::cboLocal_Click() {
     const QString s = cboLocal->Text().trimmed();
     QString sKey = s.size() == 3 ? s.left(2).toLower() : s.toLower();
-    if (s.size() != 3 && !sKey.endsWith('\\')) sKey += '\\';
+    if (s.size() != 3 && !sKey.endsWith(u'\\')) sKey += u'\\';
     SetMousePointer(11);
     const int node = sKey.size() == 2 ? 1 : trwPaths->IndexOf(sKey);
     if (node != 0) {
         trwPaths->SetExpanded(node, true);
         trwPaths->SetSelected(node);
     }
-    ViewFolder(sKey, "*.*");
+    ViewFolder(sKey, QStringLiteral("*.*"));
     SetMousePointer(0);
 }
 
 void FrmLocal::trwPaths_NodeClick(int node) {
     QString sKey = trwPaths->Key(node);
-    if (sKey.endsWith('\\') && sKey.size() > 3) sKey.chop(1);
-    if (sKey.endsWith(':')) sKey += '\\';
+    if (sKey.endsWith(u'\\') && sKey.size() > 3) sKey.chop(1);
+    if (sKey.endsWith(u':')) sKey += u'\\';
     const int found = ComboIndexOf(*cboLocal, sKey);
     if (found >= 0) cboLocal->SetListIndex(found);
     else cboLocal->AddItem(sKey);
@@ -179,12 +179,12 @@ void FrmLocal::lsvDirFile_DblClick() {
     const int row = lsvDirFile->SelectedIndex();
     if (lsvDirFile->SubItem(row, 1).isEmpty()) {
         QString sFolder = folder + lsvDirFile->Text(row);
-        ViewFolder(sFolder, "*.*");
-        if (sFolder.endsWith('\\')) sFolder = sFolder.left(sFolder.size() - 1).toLower();
+        ViewFolder(sFolder, QStringLiteral("*.*"));
+        if (sFolder.endsWith(u'\\')) sFolder = sFolder.left(sFolder.size() - 1).toLower();
         const int selected = trwPaths->SelectedIndex();
         if (selected != 0 && trwPaths->Children(selected) > 0) {
             trwPaths->SetExpanded(selected, true);
-            const int target = trwPaths->IndexOf(sFolder.endsWith('\\') ? sFolder : sFolder + "\\");
+            const int target = trwPaths->IndexOf(sFolder.endsWith(u'\\') ? sFolder : sFolder + QStringLiteral("\\"));
             if (target != 0) {
                 trwPaths->SetExpanded(target, true);
                 trwPaths->SetSelected(target);

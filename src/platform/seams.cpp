@@ -54,10 +54,10 @@ QStringList SplitParameters(const QString& s) {
     QString cur;
     bool quoted = false, any = false;
     for (QChar c : s) {
-        if (c == '"') {
+        if (c == u'"') {
             quoted = !quoted;
             any = true;
-        } else if (c == ' ' && !quoted) {
+        } else if (c == u' ' && !quoted) {
             if (any) out << cur;
             cur.clear();
             any = false;

@@ -23,7 +23,7 @@ QString Finish(const char16_t* begin, const char16_t* end) {
 }  // namespace
 
 QString GetExtension(const QString& sFileName) {
-    const qsizetype dot = sFileName.lastIndexOf('.');
+    const qsizetype dot = sFileName.lastIndexOf(u'.');
     return dot < 0 ? sFileName : sFileName.mid(dot + 1);
 }
 
@@ -33,7 +33,8 @@ QString FormatSizeKB(int32_t lFileSizeLow) {
     char16_t text[32];
     char16_t* p = text;
     if (kb < 0) *p++ = u'-';
-    p = PutNumber(p, kb < 0 ? 0ULL - (unsigned long long)kb : (unsigned long long)kb, 1);
+    const auto magnitude = static_cast<unsigned long long>(kb);
+    p = PutNumber(p, kb < 0 ? 0ULL - magnitude : magnitude, 1);
     *p++ = u' ';
     *p++ = u'K';
     *p++ = u'B';

@@ -11,7 +11,7 @@ controls::FormSlot<FrmServer> frmServer;
 
 FrmServer::FrmServer() {
     setObjectName("frmServer");
-    fraServer = new QGroupBox("Mein Server", this);
+    fraServer = new QGroupBox(QStringLiteral("Mein Server"), this);
     tlbServerLinks = new controls::Toolbar(fraServer);
     cboServer = new controls::ComboBox(fraServer);
     tlbServerRechts = new controls::Toolbar(fraServer);
@@ -22,11 +22,11 @@ FrmServer::FrmServer() {
     const std::pair<const char*, const char*> commands[] = {{"del", "delete"}, {"open", "open"},
                                                             {"new", "new-folder"}, {"oben", "up"},
                                                             {"actualize", "refresh"}, {"download", "download"}};
-    for (const auto& [key, picture] : commands) imgServerFile->Add(key, shell::BundledIcon(picture));
+    for (const auto& [key, picture] : commands) imgServerFile->Add(QString::fromLatin1(key), shell::BundledIcon(QString::fromLatin1(picture)));
     imgListView = new controls::ImageList(this);
     const std::pair<const char*, const char*> views[] = {
         {"eins", "view-large"}, {"zwei", "view-small"}, {"drei", "view-list"}, {"vier", "view-details"}};
-    for (const auto& [key, picture] : views) imgListView->Add(key, shell::BundledIcon(picture));
+    for (const auto& [key, picture] : views) imgListView->Add(QString::fromLatin1(key), shell::BundledIcon(QString::fromLatin1(picture)));
 
     cboServer->onClick = [this] { cboServer_Click(); };
     lsvServer->onDblClick = [this] { lsvServer_DblClick(); };
@@ -55,7 +55,7 @@ void FrmServer::Form_Load() {
                  {"actualize", "FRMSERVER_REFRESH", false}, {"download", "FRMSERVER_DOWN", false}};
     int image = 1;
     for (const auto& b : links) {
-        auto& button = tlbServerLinks->AddButton(b.key, image++);
+        auto& button = tlbServerLinks->AddButton(QString::fromLatin1(b.key), image++);
         button.SetToolTipText(GetLanguageText(b.tip));
         if (b.description) button.description = button.ToolTipText();
     }
@@ -70,7 +70,7 @@ void FrmServer::Form_Load() {
                  {"vier", "FRMSERVER_DETAIL", false}};
     image = 1;
     for (const auto& v : views) {
-        auto& button = tlbServerRechts->AddButton(v.key, image++);
+        auto& button = tlbServerRechts->AddButton(QString::fromLatin1(v.key), image++);
         button.SetToolTipText(GetLanguageText(v.tip));
         if (v.description) button.description = button.ToolTipText();
     }
@@ -102,14 +102,14 @@ void FrmServer::lsvServer_DblClick() {
     const int selected = lsvServer->SelectedIndex();
     const QString text = lsvServer->Text(selected);
     if (!text.isEmpty()) {
-        if (text != "..") {
+        if (text != QStringLiteral("..")) {
             // A double click enters folders only; files stay where they are.
             if (lsvServer->SubItem(selected, 1).isEmpty()) {
                 SetServerDirectory(text);
                 RefreshServer(hConnection);
             }
         } else {
-            SetServerDirectory("..");
+            SetServerDirectory(QStringLiteral(".."));
             const QString path = GetServerDirectory();
             for (int i = 0; i < cboServer->ListCount(); ++i)
                 if (cboServer->List(i) == path) bFound = true;
@@ -130,14 +130,14 @@ void FrmServer::tlbServerLinks_ButtonClick(const QString& key) {
         MsgBox(GetLanguageText("FRMSERVER_NOCONNECTION"), 64);
         return;
     }
-    if (key == "oben") {
+    if (key == QStringLiteral("oben")) {
         // Goes where the selected row leads: normally "..", one level up.
         // Without a selected item (an empty list) there is nothing to pass.
         if (const int selected = lsvServer->SelectedIndex(); selected != 0)
             SetServerDirectory(lsvServer->Text(selected));
         SelectServerPath(GetServerDirectory());
         RefreshServer(hConnection);
-    } else if (key == "actualize") {
+    } else if (key == QStringLiteral("actualize")) {
         SetMousePointer(11);
         RefreshServer(hConnection);
         SetMousePointer(0);
@@ -146,8 +146,8 @@ void FrmServer::tlbServerLinks_ButtonClick(const QString& key) {
 }
 
 void FrmServer::tlbServerRechts_ButtonClick(const QString& key) {
-    if (key == "eins") lsvServer->SetView(0);
-    else if (key == "zwei") lsvServer->SetView(1);
-    else if (key == "drei") lsvServer->SetView(2);
-    else if (key == "vier") lsvServer->SetView(3);
+    if (key == QStringLiteral("eins")) lsvServer->SetView(0);
+    else if (key == QStringLiteral("zwei")) lsvServer->SetView(1);
+    else if (key == QStringLiteral("drei")) lsvServer->SetView(2);
+    else if (key == QStringLiteral("vier")) lsvServer->SetView(3);
 }

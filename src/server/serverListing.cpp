@@ -73,7 +73,7 @@ void ReadServerDirectory(const QString& sPattern, HINTERNET& hConnection) {
     TypeCache cache;
     cache.BeginRead();
     DoEvents();
-    if (GetServerDirectory().isEmpty()) SetServerDirectory("/");
+    if (GetServerDirectory().isEmpty()) SetServerDirectory(QStringLiteral("/"));
 
     WIN32_FIND_DATA data;
     const HINTERNET hFind = FtpFindFirstFileA(hConnection, sPattern, data, 0, 0);
@@ -103,7 +103,7 @@ void ReadServerDirectory(const QString& sPattern, HINTERNET& hConnection) {
         arrServerFiles.resize(u + 2);
         if (sType.isEmpty()) {
             if (sDatei.isNull()) sDatei = GetLanguageText("DATEI");
-            sType = sKey.right(3).toUpper() + "-" + sDatei;
+            sType = sKey.right(3).toUpper() + QStringLiteral("-") + sDatei;
         }
         Fill(arrServerFiles[u], data, texts, sName, sType, sKey);
     }

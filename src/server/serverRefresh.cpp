@@ -75,7 +75,7 @@ bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
     list.SetIcons(mdiMain().imgListLarge);
     list.SetSmallIcons(mdiMain().imgListSmall);
     DoEvents();
-    ReadServerDirectory("*.*", hConnection);
+    ReadServerDirectory(QStringLiteral("*.*"), hConnection);
     DoEvents();
     list.Clear();  // the old rows stay visible through the whole read
     DoEvents();
@@ -100,7 +100,7 @@ bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
     }
 
     RowFiller rows(list, stopOnFailure);
-    if (!rows.Add("..", "zdirectoryx")) return false;
+    if (!rows.Add(QStringLiteral(".."), QStringLiteral("zdirectoryx"))) return false;
     if (upper >= 1) {
         // One text for every folder row; the catalogue can't change while
         // the rows are added.
@@ -115,7 +115,7 @@ bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
                 continue;
             }
             const FolderRow& folder = arrFolders[size_t(i)];
-            if (!rows.Add(folder.name, "zdirectoryx")) return false;
+            if (!rows.Add(folder.name, QStringLiteral("zdirectoryx"))) return false;
             rows.Sub(1, QString());
             rows.Sub(2, folderType);
             rows.Sub(3, folder.date);

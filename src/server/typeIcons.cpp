@@ -18,7 +18,7 @@ int gTypeLookups = 0;
 // Text behind "|key=" up to the next "|".
 QString ValueAt(const QString& table, qsizetype pos, const QString& key) {
     const qsizetype start = pos + key.size() + 2;
-    const qsizetype end = table.indexOf('|', start);
+    const qsizetype end = table.indexOf(u'|', start);
     return table.mid(start, end < 0 ? -1 : end - start);
 }
 }  // namespace
@@ -103,9 +103,9 @@ bool TryCreate(const TempFolder& folder, const QString& sFileName) {
 }  // namespace
 
 QString CreateDummyFile(const QString& sFileName) {
-    if (sFileName.isEmpty() || sFileName == "." || sFileName == ".." || ftp::IsUnsafeName(sFileName))
+    if (sFileName.isEmpty() || sFileName == QStringLiteral(".") || sFileName == QStringLiteral("..") || ftp::IsUnsafeName(sFileName))
         return QString();
-    if (StillSafe(gTempFolder) && TryCreate(gTempFolder, sFileName)) return gTempFolder.windows + "\\" + sFileName;
+    if (StillSafe(gTempFolder) && TryCreate(gTempFolder, sFileName)) return gTempFolder.windows + QStringLiteral("\\") + sFileName;
     // Each location in turn, as the drive letters once were.
     for (const QString& folder : shell::TempFolderCandidates()) {
         if (!shell::MakeTempFolder(folder)) continue;
@@ -119,7 +119,7 @@ QString CreateDummyFile(const QString& sFileName) {
         Release(gTempFolder);
         MakeSpare(candidate);
         gTempFolder = candidate;
-        return folder + "\\" + sFileName;
+        return folder + QStringLiteral("\\") + sFileName;
     }
     Release(gTempFolder);
     return QString();
@@ -206,10 +206,10 @@ void TypeCache::BeginRead() {
     list->SetIcons(frame.imgListLarge);
     list->SetSmallIcons(frame.imgListSmall);
     // From the second read on these adds fail for the existing keys.
-    frame.imgListSmall->Add("zdirectoryx", frame.imgDir->Picture(1));
-    frame.imgListLarge->Add("zdirectoryx", frame.imgDir->Picture(2));
-    frame.imgListSmall->Add("zunbekannty", frame.imgDir->Picture(3));
-    frame.imgListLarge->Add("zunbekannty", frame.imgDir->Picture(4));
+    frame.imgListSmall->Add(QStringLiteral("zdirectoryx"), frame.imgDir->Picture(1));
+    frame.imgListLarge->Add(QStringLiteral("zdirectoryx"), frame.imgDir->Picture(2));
+    frame.imgListSmall->Add(QStringLiteral("zunbekannty"), frame.imgDir->Picture(3));
+    frame.imgListLarge->Add(QStringLiteral("zunbekannty"), frame.imgDir->Picture(4));
 }
 
 namespace {
@@ -266,7 +266,7 @@ void TypeCache::Step(const QString& sName, bool following, QString& sType, QStri
         const QString sDummy = CreateDummyFile(sName);
         sType = GetShellTypeName(sDummy);
         RemoveDummyFile(sDummy);
-        if (following && sType.isEmpty()) sType = sKey.mid(1).toUpper() + "-Datei";
+        if (following && sType.isEmpty()) sType = sKey.mid(1).toUpper() + QStringLiteral("-Datei");
         Append(sKey, sType);
     }
     const QString sDummy = CreateDummyFile(sName);

@@ -12,7 +12,7 @@ QString AsciiDatPath() {
 
 namespace {
 bool IsLineEnd(QChar c) {
-    return c == '\r' || c == '\n';
+    return c == u'\r' || c == u'\n';
 }
 }  // namespace
 
@@ -24,25 +24,25 @@ QStringList ReadFields(const QByteArray& text) {
     // Each pass is one read: the loop asks for the end first, like the
     // classic loop over the file does.
     while (i < n) {
-        while (i < n && (s[i] == ' ' || s[i] == '\t')) ++i;
+        while (i < n && (s[i] == u' ' || s[i] == u'\t')) ++i;
         QString field;
-        if (i < n && s[i] == '"') {
-            const qsizetype close = s.indexOf('"', i + 1);
+        if (i < n && s[i] == u'"') {
+            const qsizetype close = s.indexOf(u'"', i + 1);
             field = s.mid(i + 1, close < 0 ? -1 : close - i - 1);
             i = close < 0 ? n : close + 1;
-            while (i < n && s[i] != ',' && !IsLineEnd(s[i])) ++i;
+            while (i < n && s[i] != u',' && !IsLineEnd(s[i])) ++i;
         } else {
             const qsizetype start = i;
-            while (i < n && s[i] != ',' && !IsLineEnd(s[i])) ++i;
+            while (i < n && s[i] != u',' && !IsLineEnd(s[i])) ++i;
             field = s.mid(start, i - start);
         }
         fields << field;
         // The delimiter goes with the field: a comma, or one line end.
-        if (i < n && s[i] == ',') {
+        if (i < n && s[i] == u',') {
             ++i;
         } else {
-            if (i < n && s[i] == '\r') ++i;
-            if (i < n && s[i] == '\n') ++i;
+            if (i < n && s[i] == u'\r') ++i;
+            if (i < n && s[i] == u'\n') ++i;
         }
     }
     return fields;

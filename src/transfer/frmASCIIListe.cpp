@@ -71,7 +71,7 @@ void FrmASCIIListe::cmdRemove_Click() {
     const int index = lstASCIIList->currentRow();
     if (index < 0) return;
     const QString entry = lstASCIIList->item(index)->text();
-    if (MsgBox(GetLanguageText("FRMASCIILISTE_ENTRYDEL1") + " " + entry + " " +
+    if (MsgBox(GetLanguageText(QStringLiteral("FRMASCIILISTE_ENTRYDEL1")) + u' ' + entry + u' ' +
                    GetLanguageText("FRMASCIILISTE_ENTRYDEL2"),
                4) == vbYes)
         delete lstASCIIList->takeItem(index);

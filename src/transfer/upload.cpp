@@ -91,8 +91,8 @@ private:
 
 QString TrimBlanks(const QString& s) {
     qsizetype from = 0, to = s.size();
-    while (from < to && s[from] == ' ') ++from;
-    while (to > from && s[to - 1] == ' ') --to;
+    while (from < to && s[from] == u' ') ++from;
+    while (to > from && s[to - 1] == u' ') --to;
     return s.mid(from, to - from);
 }
 

@@ -31,7 +31,7 @@ QString RichLog::Text() const {
 
 void RichLog::SetText(const QString& text) {
     // New text starts over in the default format with the caret in front.
-    setPlainText(QString(text).replace("\r\n", "\n"));
+    setPlainText(QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     QTextCursor c = textCursor();
     c.movePosition(QTextCursor::Start);
     setTextCursor(c);
@@ -66,7 +66,7 @@ void RichLog::SetSelColor(uint32_t rgb) {
 
 void RichLog::SetSelText(const QString& text) {
     QTextCursor c = textCursor();
-    c.insertText(QString(text).replace("\r\n", "\n").replace('\r', '\n'));
+    c.insertText(QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n'));
     setTextCursor(c);
     ensureCursorVisible();
 }
