@@ -130,15 +130,6 @@ TEST_F(Connect, PortsThatDontConvertFailLikeAnUnreachableServer) {
     EXPECT_TRUE(LogLines().empty());
 }
 
-TEST_F(Connect, WrongPasswordIsRefused) {
-    FtpServer server(FtpServer::Kind::Pyftpdlib);
-    FillBar(server);
-    mdiMain().txtPassword->SetText("wrong");
-    mdiMain().QuickConnect();
-    EXPECT_EQ(hConnection, 0u);
-    EXPECT_EQ(boxes.size(), 1u);
-}
-
 TEST_F(Connect, ASecondConnectLeavesTheFirstConnectionOpenBesideIt) {
     FtpServer server(FtpServer::Kind::Pyftpdlib);
     FillBar(server);

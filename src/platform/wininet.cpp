@@ -82,8 +82,8 @@ HINTERNET InternetConnectA(HINTERNET hInternet, const QString& serverName, int16
         c->control->setTimeout(kTimeout);
         c->passive = (flags & INTERNET_FLAG_PASSIVE) != 0;
         c->control->setPassive(c->passive, true);
-        const QString user = userName.isEmpty() ? QStringLiteral("anonymous") : userName;
-        c->control->login(user.toStdString(), password.toStdString());
+        // An empty user goes as it is: no anonymous login stands in for it.
+        c->control->login(userName.toStdString(), password.toStdString());
         std::string features;
         if (c->control->sendCommand("FEAT", features) / 100 == 2) {
             // MLST in FEAT stands for MLSD too (RFC 3659).
