@@ -2,6 +2,7 @@
 // catalogues of the test's own.
 #include "frame/mPublic.h"
 #include "language/mDataBase.h"
+#include "platform/localfs.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -99,7 +100,7 @@ protected:
     }
     // Opens the built catalogue and names its languages' tables.
     QStringList OpenBuilt() {
-        OpenLanguageDatabase(BuiltCatalogue());
+        OpenLanguageDatabase(localfs::ToWindows(BuiltCatalogue()));
         QStringList tables;
         for (const LanguageRow& row : ReadLanguages(30)) tables << row.tableName.trimmed();
         return tables;
@@ -141,7 +142,7 @@ void MakeCatalogue(const QString& path, const QList<std::tuple<int, QString, QSt
 }
 
 TEST_F(LanguageCatalogue, TheBuiltCatalogueOffersFourLanguagesWithEnglishThird) {
-    OpenLanguageDatabase(BuiltCatalogue());
+    OpenLanguageDatabase(localfs::ToWindows(BuiltCatalogue()));
     const auto rows = ReadLanguages(30);
     ASSERT_EQ(rows.size(), 4u);
     const QStringList tables = {"deutsch", "francais", "english", "espanol"};
@@ -207,7 +208,7 @@ TEST_F(LanguageCatalogue, LookupsGiveTheStoredTextOrTheHashes) {
                   {{"eins", {{"A", "text A"}, {"BLANKS", "  x  "}, {"EMPTY", ""}, {"NULL", QVariant()},
                              {"Datei", "menu"}, {"DATEI", "type"}}},
                    {"zwei", {{"ONLY2", "y"}}}});
-    OpenLanguageDatabase(path);
+    OpenLanguageDatabase(localfs::ToWindows(path));
     sLanguageTable = "eins";
     EXPECT_EQ(GetLanguageText("A"), "text A");
     EXPECT_EQ(GetLanguageText("BLANKS"), "  x  ");
@@ -227,14 +228,14 @@ TEST_F(LanguageCatalogue, LookupsGiveTheStoredTextOrTheHashes) {
     CloseLanguageDatabase();
     EXPECT_EQ(GetLanguageText("A"), kMissingText);
     EXPECT_TRUE(ReadLanguages(30).empty());
-    OpenLanguageDatabase(path);
+    OpenLanguageDatabase(localfs::ToWindows(path));
     EXPECT_EQ(GetLanguageText("A"), "text A");
 }
 
 TEST_F(LanguageCatalogue, AMissingFileStaysMissingAndEveryTextIsHashes) {
     QTemporaryDir dir;
     const QString path = dir.path() + "/lang.db";
-    OpenLanguageDatabase(path);
+    OpenLanguageDatabase(localfs::ToWindows(path));
     sLanguageTable = "english";
     EXPECT_EQ(GetLanguageText("Datei"), kMissingText);
     EXPECT_TRUE(ReadLanguages(30).empty());
@@ -245,7 +246,7 @@ TEST_F(LanguageCatalogue, TheCatalogueIsOpenedReadOnly) {
     QTemporaryDir dir;
     const QString path = dir.path() + "/c.db";
     MakeCatalogue(path, {{1, "eins", "Eins"}}, {{"eins", {{"A", "a"}}}});
-    OpenLanguageDatabase(path);
+    OpenLanguageDatabase(localfs::ToWindows(path));
     QSqlQuery q(QSqlDatabase::database("cnnLanguage"));
     EXPECT_FALSE(q.exec("DELETE FROM eins"));
     sLanguageTable = "eins";
@@ -256,7 +257,7 @@ TEST_F(LanguageCatalogue, LanguagesComeInTableOrderUntrimmedAndUpToTheLimit) {
     QTemporaryDir dir;
     const QString path = dir.path() + "/c.db";
     MakeCatalogue(path, {{3, "de", "Deutsch"}, {1, "en   ", "English"}, {2, "fr", "Français"}}, {});
-    OpenLanguageDatabase(path);
+    OpenLanguageDatabase(localfs::ToWindows(path));
     const auto rows = ReadLanguages(30);
     ASSERT_EQ(rows.size(), 3u);
     EXPECT_EQ(rows[0].tableName, "de");

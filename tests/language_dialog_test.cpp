@@ -5,6 +5,7 @@
 #include "frame/mdiMain.h"
 #include "language/frmStart.h"
 #include "language/mDataBase.h"
+#include "platform/localfs.h"
 
 #include <QFile>
 #include <QSqlDatabase>
@@ -56,7 +57,7 @@ protected:
     void Use(const QList<QPair<QString, QString>>& languages) {
         QList<QPair<QString, QList<QPair<QString, QString>>>> tables;
         for (const auto& l : languages) tables.append({l.first.trimmed(), {{"Datei", l.second + " file"}}});
-        SetLanguageDatabasePath(MakeCatalogue(dir_.path() + "/lang.db", languages, tables));
+        SetLanguageDatabasePath(localfs::ToWindows(MakeCatalogue(dir_.path() + "/lang.db", languages, tables)));
         CloseLanguageDatabase();
     }
     QTemporaryDir dir_;

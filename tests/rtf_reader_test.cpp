@@ -1,6 +1,7 @@
 // The reader of the agreement text: the shipped file and the pieces of rich
 // text it is made of.
 #include "language/rtf_reader.h"
+#include "platform/localfs.h"
 
 #include <QFile>
 #include <QTextCursor>
@@ -61,9 +62,9 @@ TEST(RtfReader, TheShippedAgreementReadsInBothLanguages) {
 
 TEST(RtfReader, LoadingShowsTheFileOrLeavesTheTargetEmpty) {
     QTextEdit edit;
-    EXPECT_TRUE(LoadRtfFile(QStringLiteral(FERRYDOCK_PROGRAM_DIR "/Dateien/la.rtf"), &edit));
+    EXPECT_TRUE(LoadRtfFile(localfs::ToWindows(FERRYDOCK_PROGRAM_DIR "/Dateien/la.rtf"), &edit));
     EXPECT_TRUE(edit.toPlainText().contains("Brackhaven Laboratories"));
-    EXPECT_FALSE(LoadRtfFile(QStringLiteral(FERRYDOCK_PROGRAM_DIR "/Dateien/missing.rtf"), &edit));
+    EXPECT_FALSE(LoadRtfFile(localfs::ToWindows(FERRYDOCK_PROGRAM_DIR "/Dateien/missing.rtf"), &edit));
     EXPECT_TRUE(edit.toPlainText().isEmpty());
 }
 

@@ -8,6 +8,7 @@
 #include "language/mDataBase.h"
 #include "platform/localfs.h"
 #include "platform/shell.h"
+#include "platform/tempfolder.h"
 #include "server/formatters.h"
 #include "server/frmServer.h"
 #include "server/serverListing.h"
@@ -334,7 +335,7 @@ TEST_F(ServerPane, NoDummyFileIsLeftBehindByARead) {
     server.WriteFile("right.xyz", "4");
     ConnectTo(server);
     EXPECT_EQ(list().Count(), 5);
-    for (const QString& folder : shell::TempFolderCandidates()) {
+    for (const QString& folder : tempfolder::Candidates()) {
         const QDir dir(localfs::ToPosix(folder));
         if (!dir.exists()) continue;
         for (const QString& name : {QString("left.abc"), QString("right.xyz"), spare, spare + ".qqx"})

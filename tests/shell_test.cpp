@@ -1,5 +1,4 @@
-// Type names, icons, associated programs, the temporary folder and the
-// program's own pictures.
+// Type names, icons, associated programs and the program's own pictures.
 #include "platform/localfs.h"
 #include "platform/shell.h"
 
@@ -8,11 +7,8 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QMimeDatabase>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -26,12 +22,6 @@ QIcon IconOf(const QString& path, uint32_t flags) {
     SHFILEINFO info;
     SHGetFileInfoA(path, 0, info, flags);
     return info.hIcon;
-}
-
-mode_t ModeOf(const QString& posix) {
-    struct stat st {};
-    if (lstat(QFile::encodeName(posix).constData(), &st) != 0) return 0;
-    return st.st_mode & 07777;
 }
 
 const QList<QSize> kSmall{QSize(16, 16)};
@@ -165,65 +155,6 @@ TEST(ShellPictures, EveryPictureIsThereInBothSizes) {
     // Pictures that mean different things look different.
     EXPECT_NE(shell::BundledIcon("upload").pixmap(16).toImage(),
               shell::BundledIcon("download").pixmap(16).toImage());
-}
-
-TEST(ShellTempFolder, CandidatesInTheirOrder) {
-    const QStringList candidates = shell::TempFolderCandidates();
-    ASSERT_GE(candidates.size(), 2);
-    for (const QString& c : candidates) EXPECT_TRUE(c.endsWith("\\tempqorvn")) << c.toStdString();
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    QStringList expected;
-    for (const QString& base : {cache, QString("/tmp"), QString("/var/tmp")})
-        if (!base.isEmpty()) expected << localfs::ToWindows(QDir::cleanPath(base + "/tempqorvn"));
-    expected.removeDuplicates();
-    EXPECT_EQ(candidates, expected);
-}
-
-TEST(ShellTempFolder, LinksAndStrangersArePassedOver) {
-    QTemporaryDir base;
-    ASSERT_TRUE(base.isValid());
-    const QString fresh = base.path() + "/fresh";
-    EXPECT_TRUE(shell::TempFolderIsSafe(localfs::ToWindows(fresh)));
-    ASSERT_TRUE(QDir(base.path()).mkdir("ours"));
-    EXPECT_TRUE(shell::TempFolderIsSafe(localfs::ToWindows(base.path() + "/ours")));
-
-    const QString link = base.path() + "/link";
-    ASSERT_EQ(symlink(QFile::encodeName(base.path() + "/ours").constData(), QFile::encodeName(link).constData()), 0);
-    EXPECT_FALSE(shell::TempFolderIsSafe(localfs::ToWindows(link)));
-    EXPECT_FALSE(shell::MakeTempFolder(localfs::ToWindows(link)));
-    const QString dangling = base.path() + "/dangling";
-    ASSERT_EQ(symlink(QFile::encodeName(base.path() + "/target").constData(),
-                      QFile::encodeName(dangling).constData()), 0);
-    EXPECT_FALSE(shell::MakeTempFolder(localfs::ToWindows(dangling)));
-    EXPECT_FALSE(QFileInfo::exists(base.path() + "/target"));
-
-    QFile plain(base.path() + "/plain");
-    ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
-    plain.close();
-    EXPECT_FALSE(shell::MakeTempFolder(localfs::ToWindows(plain.fileName())));
-
-    if (geteuid() == 0) {
-        const QString theirs = base.path() + "/theirs";
-        ASSERT_TRUE(QDir(base.path()).mkdir("theirs"));
-        ASSERT_EQ(chown(QFile::encodeName(theirs).constData(), 65534, 65534), 0);
-        EXPECT_FALSE(shell::TempFolderIsSafe(localfs::ToWindows(theirs)));
-        EXPECT_FALSE(shell::MakeTempFolder(localfs::ToWindows(theirs)));
-    }
-}
-
-TEST(ShellTempFolder, MadeForTheOwnerAlone) {
-    QTemporaryDir base;
-    ASSERT_TRUE(base.isValid());
-    const mode_t oldMask = umask(0);  // whatever the umask, the folder is 0700
-    const QString folder = base.path() + "/tempqorvn";
-    const bool made = shell::MakeTempFolder(localfs::ToWindows(folder));
-    umask(oldMask);
-    ASSERT_TRUE(made);
-    EXPECT_EQ(ModeOf(folder), 0700u);
-    // Made again: still fine. One of ours left too open is closed.
-    ASSERT_EQ(chmod(QFile::encodeName(folder).constData(), 0755), 0);
-    EXPECT_TRUE(shell::MakeTempFolder(localfs::ToWindows(folder)));
-    EXPECT_EQ(ModeOf(folder), 0700u);
 }
 
 TEST(ShellPrograms, TheProgramOfAPageIsAnExecutableOrNothing) {

@@ -35,18 +35,23 @@ QByteArray Random(int size) {
     return b;
 }
 
+// ascii.dat on disk.
+QString DatFile() {
+    return localfs::ToPosix(AsciiDatPath());
+}
+
 // ascii.dat is the build's copy: whatever a test leaves there, a folder
 // included, it is put back.
 class Transfer : public FrameTest {
 protected:
     void SetUp() override {
         FrameTest::SetUp();
-        saved_ = Bytes(AsciiDatPath());
+        saved_ = Bytes(DatFile());
         StartFrame();
     }
     void TearDown() override {
-        QDir(AsciiDatPath()).removeRecursively();
-        Put(AsciiDatPath(), saved_);
+        QDir(DatFile()).removeRecursively();
+        Put(DatFile(), saved_);
         FrameTest::TearDown();
     }
     // Connected, in the server's root, the watch on, in the given mode
@@ -87,13 +92,13 @@ TEST(AsciiDatReader, CommasQuotesBlanksAndLineEnds) {
 
 TEST_F(Transfer, TheNameTestIsASubstringTestAndAMissingListMatchesNothing) {
     ASSERT_TRUE(WriteAsciiDat({"TXT", "htm"}));
-    EXPECT_EQ(Bytes(AsciiDatPath()), "TXT\r\nhtm\r\n");
+    EXPECT_EQ(Bytes(DatFile()), "TXT\r\nhtm\r\n");
     for (const char* name : {"A.TXT", "a.txt.bak", "a.txtold", "x.HTML", "archiv.txt.gz"}) EXPECT_TRUE(IsAsciiFile(name)) << name;
     for (const char* name : {"txt", "atxt", "a.tx", ""}) EXPECT_FALSE(IsAsciiFile(name)) << name;
-    Put(AsciiDatPath(), "ZZZ\r\n\r\nJPG,PNG\r\n");  // the empty entry takes any point
+    Put(DatFile(), "ZZZ\r\n\r\nJPG,PNG\r\n");  // the empty entry takes any point
     EXPECT_TRUE(IsAsciiFile("a.gif"));
     EXPECT_FALSE(IsAsciiFile("photo"));
-    ASSERT_TRUE(QFile::remove(AsciiDatPath()));
+    ASSERT_TRUE(QFile::remove(DatFile()));
     EXPECT_FALSE(IsAsciiFile("nopoint"));  // the classic loop never ended here
     EXPECT_FALSE(IsAsciiFile("a.txt"));
 }
@@ -129,7 +134,7 @@ TEST_F(Transfer, StartUpTicksNothingAndComboAndMenuKeepInStep) {
 }
 
 TEST_F(Transfer, TheDialogAddsRemovesAndWritesOnlyOnTakeOver) {
-    Put(AsciiDatPath(), "TXT\r\nhtm\r\nA,B\r\n");
+    Put(DatFile(), "TXT\r\nhtm\r\nA,B\r\n");
     auto& dlg = frmASCIIListe();
     EXPECT_EQ(dlg.windowTitle(), GetLanguageText("FRMASCIILISTE_CAPTION"));
     // Upper case, then an exact comparison: "HTM" isn't the hand-kept "htm".
@@ -167,14 +172,14 @@ TEST_F(Transfer, TheDialogAddsRemovesAndWritesOnlyOnTakeOver) {
     inputAnswers = {"ini", "cfg", " .c,d"};
     run([] { mdiMain().mnuVerbindungASCIIListe->trigger(); }, [] { frmASCIIListe().cmdAbbrechen->click(); });
     run([] { mdiMain().tlbConnect->Press("ascii"); }, [] { frmASCIIListe().reject(); });
-    EXPECT_EQ(Bytes(AsciiDatPath()), "TXT\r\nhtm\r\nA,B\r\n");
+    EXPECT_EQ(Bytes(DatFile()), "TXT\r\nhtm\r\nA,B\r\n");
     run([] { mdiMain().tlbConnect->Press("ascii"); }, [] { frmASCIIListe().cmdUebernehmen->click(); });
-    EXPECT_EQ(Bytes(AsciiDatPath()), "TXT\r\nhtm\r\nA\r\nB\r\n .C,D\r\n");
+    EXPECT_EQ(Bytes(DatFile()), "TXT\r\nhtm\r\nA\r\nB\r\n .C,D\r\n");
     EXPECT_EQ(frmASCIIListe().Entries(), QStringList({"TXT", "htm", "A", "B", ".C", "D"}));
 
     // No file: an empty list; a folder in its place: closed without a word.
     frmASCIIListe.Unload();
-    ASSERT_TRUE(QFile::remove(AsciiDatPath()) && QDir().mkdir(AsciiDatPath()));
+    ASSERT_TRUE(QFile::remove(DatFile()) && QDir().mkdir(DatFile()));
     EXPECT_EQ(frmASCIIListe().Entries(), QStringList());
     frmASCIIListe().cmdUebernehmen_Click();
     Pump();

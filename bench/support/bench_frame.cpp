@@ -3,6 +3,7 @@
 #include "frame/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
+#include "platform/localfs.h"
 #include "platform/seams.h"
 #include "support/ftp_server.h"
 
@@ -12,7 +13,7 @@
 void StartBenchFrame() {
     seams::SetMsgBoxHandler([](const seams::MessageBoxCall&) { return vbOK; });
     seams::SetEndHandler([] {});
-    OpenLanguageDatabase(QStringLiteral(FERRYDOCK_PROGRAM_DIR) + "/lang.db");
+    OpenLanguageDatabase(localfs::ToWindows(QStringLiteral(FERRYDOCK_PROGRAM_DIR "/lang.db")));
     sLanguageTable = QStringLiteral("english");
     mdiMain().show();
 }

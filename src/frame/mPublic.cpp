@@ -6,23 +6,15 @@
 
 #include <QApplication>
 #include <QCoreApplication>
-#include <QDir>
 #include <cmath>
-#include <pwd.h>
-#include <unistd.h>
 
 HINTERNET hConnection = 0;
 HINTERNET hInternetReconnect = 0;
 uint32_t lConnectFlags = 0;
 uint32_t lTransferMode = 0;
-QString sLanguageTable;
-
-QString AppPathPosix() {
-    return QDir::cleanPath(QCoreApplication::applicationDirPath());
-}
 
 QString AppPath() {
-    return localfs::ToWindows(AppPathPosix());
+    return localfs::ProgramFolder();
 }
 
 void MoveLogCaretToEnd() {
@@ -86,10 +78,4 @@ void SetMousePointer(int value) {
 
 int MousePointer() {
     return gMousePointer;
-}
-
-QString GetUserNameText() {
-    const passwd* pw = getpwuid(geteuid());
-    if (!pw || !pw->pw_name) return QStringLiteral("unbekannt");
-    return QString::fromLocal8Bit(pw->pw_name).trimmed();
 }

@@ -12,13 +12,10 @@ extern HINTERNET hConnection;
 extern HINTERNET hInternetReconnect;
 extern uint32_t lConnectFlags;
 extern uint32_t lTransferMode;  // 1 ASCII, 2 binary
-extern QString sLanguageTable;  // chosen language's table, trimmed
 
 // The folder the program runs from (the executable's), without trailing
 // separator, in Windows form ("c:\opt\ferrydock").
 QString AppPath();
-// Same folder as a POSIX path, for Qt file access.
-QString AppPathPosix();
 
 // Log writing: caret to the end; one line in a colour.
 void MoveLogCaretToEnd();
@@ -48,4 +45,3 @@ void DoEvents();
 void SetMousePointer(int value);
 int MousePointer();
 
-QString GetUserNameText();

@@ -98,7 +98,7 @@ void FrmStart::Form_Load() {
     for (const LanguageRow& row : ReadLanguages(30)) cboSprache->AddItem(row.displayName);
     // Fewer than three languages: the assignment fails and nothing is chosen.
     cboSprache->SetListIndex(2);
-    LoadRtfFile(AppPathPosix() + QStringLiteral("/Dateien/la.rtf"), rtfLizenzvereinbarungen);
+    LoadRtfFile(AppPath() + QStringLiteral("\\Dateien\\la.rtf"), rtfLizenzvereinbarungen);
 }
 
 void FrmStart::tabStart_Click() {

@@ -1,12 +1,14 @@
 #include "language/mDataBase.h"
 
-#include "frame/mPublic.h"
+#include "platform/account.h"
+#include "platform/database.h"
+#include "platform/localfs.h"
 
-#include <QFileInfo>
 #include <QSqlDatabase>
 #include <QSqlQuery>
-#include <QSqlRecord>
 #include <QVariant>
+
+QString sLanguageTable;
 
 namespace {
 const QString kConnection = QStringLiteral("cnnLanguage");
@@ -14,17 +16,22 @@ const QString kConnection = QStringLiteral("cnnLanguage");
 QSqlDatabase Connection() {
     return QSqlDatabase::contains(kConnection) ? QSqlDatabase::database(kConnection, false) : QSqlDatabase();
 }
-}  // namespace
 
-namespace {
 QString& DatabasePathOverride() {
     static QString path;
     return path;
 }
 }  // namespace
 
+QString GetUserNameText() {
+    QString name;
+    if (!GetUserNameA(name)) return QStringLiteral("unbekannt");
+    return name.trimmed();
+}
+
 QString LanguageDatabasePath() {
-    return DatabasePathOverride().isEmpty() ? AppPathPosix() + QStringLiteral("/lang.db") : DatabasePathOverride();
+    return DatabasePathOverride().isEmpty() ? localfs::ProgramFolder() + QStringLiteral("\\lang.db")
+                                            : DatabasePathOverride();
 }
 
 void SetLanguageDatabasePath(const QString& path) {
@@ -32,22 +39,13 @@ void SetLanguageDatabasePath(const QString& path) {
 }
 
 void OpenLanguageDatabase(const QString& path) {
-    CloseLanguageDatabase();
-    // A missing file must not be created: the catalogue then stays closed.
-    if (!QFileInfo(path).isFile()) return;
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), kConnection);
-    db.setDatabaseName(path);
-    db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
-    db.open();
+    // A missing or unreadable file is not reported: every text then reads
+    // as the hashes.
+    OpenDatabaseReadOnly(kConnection, path);
 }
 
 void CloseLanguageDatabase() {
-    if (!QSqlDatabase::contains(kConnection)) return;
-    {
-        QSqlDatabase db = QSqlDatabase::database(kConnection, false);
-        db.close();
-    }
-    QSqlDatabase::removeDatabase(kConnection);
+    CloseDatabase(kConnection);
 }
 
 std::vector<LanguageRow> ReadLanguages(int maxRecords) {
@@ -62,7 +60,9 @@ std::vector<LanguageRow> ReadLanguages(int maxRecords) {
 }
 
 QString GetLanguageText(const QString& sKey) {
-    (void)GetUserNameText();  // every lookup asks for it; nothing reads it
+    // Kept: every lookup asks for the user's name and nothing reads it.
+    const QString sUserName = GetUserNameText();
+    (void)sUserName;
     QSqlDatabase db = Connection();
     if (!db.isOpen() || sLanguageTable.isEmpty()) return kMissingText;
     QSqlQuery q(db);

@@ -4,8 +4,12 @@
 #include <QString>
 #include <vector>
 
-// lang.db in the program folder, unless another file was named (tests
-// bring catalogues of their own).
+// The chosen language's table, trimmed; empty until the language dialog's
+// OK (texts then read as the hashes).
+extern QString sLanguageTable;
+
+// lang.db in the program folder (Windows form), unless another file was
+// named (tests bring catalogues of their own).
 QString LanguageDatabasePath();
 void SetLanguageDatabasePath(const QString& path);
 
@@ -21,6 +25,9 @@ struct LanguageRow {
 // "SELECT * FROM languages;" in table order, at most maxRecords rows;
 // empty when the database is not open.
 std::vector<LanguageRow> ReadLanguages(int maxRecords);
+
+// The account's name, trimmed; "unbekannt" when the system doesn't say.
+QString GetUserNameText();
 
 // The text of sKey in the table named by sLanguageTable; "########" for a
 // missing key, an empty text or any failure.

@@ -1,6 +1,7 @@
 #include "language/rtf_reader.h"
 
-#include <QFile>
+#include "platform/fileio.h"
+
 #include <QTextEdit>
 #include <cctype>
 #include <cstring>
@@ -209,13 +210,13 @@ QString RtfToHtml(const QByteArray& rtf) {
     return Reader(rtf).Run();
 }
 
-bool LoadRtfFile(const QString& posixPath, QTextEdit* target) {
+bool LoadRtfFile(const QString& windowsPath, QTextEdit* target) {
     if (!target) return false;
-    QFile f(posixPath);
-    if (!f.open(QIODevice::ReadOnly)) {
+    QByteArray rtf;
+    if (!ReadWholeFile(windowsPath, rtf)) {
         target->clear();
         return false;
     }
-    target->setHtml(RtfToHtml(f.readAll()));
+    target->setHtml(RtfToHtml(rtf));
     return true;
 }

@@ -13,4 +13,4 @@ QString RtfToHtml(const QByteArray& rtf);
 
 // Shows the file in `target`; false, and the target left empty, when the
 // file can't be read.
-bool LoadRtfFile(const QString& posixPath, QTextEdit* target);
+bool LoadRtfFile(const QString& windowsPath, QTextEdit* target);

@@ -3,12 +3,12 @@
 #include "frame/mPublic.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
+#include "platform/fileio.h"
 #include "platform/localfs.h"
 #include "platform/shell.h"
 #include "server/formatters.h"
 #include "server/typeIcons.h"
 
-#include <QFile>
 #include <cmath>
 #include <cstdio>
 
@@ -30,13 +30,13 @@ QString ValueAfter(const QString& table, qsizetype pos, const QString& key) {
     return table.mid(start, end < 0 ? -1 : end - start);
 }
 
-// The download-as copy opens each newly typed file and tries to delete it
-// while it is open when it is empty. A file the program holds open can't be
-// deleted (the classic Kill refuses open files), so the try always fails
-// and the file stays; only the open and close are left to do.
+// Kept: the download-as copy opens each newly typed file and tries to
+// delete it while it is open when it is empty. A file held open can't be
+// deleted there, so the try always fails and the file stays; only the open
+// and close are left to do.
 void ProbeEmptyFile(const QString& windowsPath) {
-    QFile f(localfs::ToPosix(windowsPath));
-    if (f.open(QIODevice::ReadOnly)) f.close();
+    BinaryFile file(windowsPath);
+    file.Close();
 }
 
 }  // namespace

@@ -37,6 +37,10 @@ QString ToPosix(const QString& windowsPath);
 // "/home/x" -> "c:\home\x" (or the drive of the volume it lies on).
 QString ToWindows(const QString& posixPath);
 
+// The folder of the executable without a trailing separator, such as
+// "c:\opt\ferrydock".
+QString ProgramFolder();
+
 // Drive list in the form of a drive box: "c: [/]", "d: [/media/usb]", ...
 QStringList DriveList();
 // True when the drive letter exists (its volume is mounted). Reads the

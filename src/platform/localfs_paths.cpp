@@ -2,6 +2,8 @@
 // paths resolved to POSIX ones case-insensitively, component by component.
 #include "platform/localfs_internal.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <algorithm>
@@ -291,6 +293,10 @@ QString ToWindows(const QString& posixPath) {
         if (trailing && !below.isEmpty()) out += QLatin1Char('\\');
         return out;
     });
+}
+
+QString ProgramFolder() {
+    return Guarded(QString(), [] { return ToWindows(QDir::cleanPath(QCoreApplication::applicationDirPath())); });
 }
 
 QStringList DriveList() {

@@ -1,11 +1,15 @@
 #include "platform/seams.h"
 
+#include "platform/tempfolder.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProcess>
+#include <cstdio>
+#include <cstdlib>
 
 namespace {
 seams::MsgBoxHandler& msgBoxHandler() {
@@ -93,7 +97,12 @@ bool StartProgram(const QString& program, const QString& parameters) {
 
 void EndProgram() {
     if (endHandler()) return endHandler()();
-    QCoreApplication::exit(0);
+    // The process ends here and now, also inside an event turn of a running
+    // walk or upload: nothing goes on once the frame is gone. Only the
+    // helper file of the temporary folder is taken away first.
+    tempfolder::Release();
+    std::fflush(nullptr);
+    std::_Exit(0);
 }
 
 void ClipboardClear() {

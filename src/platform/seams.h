@@ -19,7 +19,7 @@ QString InputBox(const QString& prompt, const QString& title = QString(),
 // Starts `program` detached with a parameter string split at blanks.
 bool StartProgram(const QString& program, const QString& parameters);
 void ClipboardClear();
-// Ends the process at once (the classic End): the event loop stops.
+// Ends the process at once, wherever it is called from.
 void EndProgram();
 void ClipboardSetText(const QString& text, int format);
 

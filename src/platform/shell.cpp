@@ -1,24 +1,19 @@
 #include "platform/shell.h"
 
 #include "platform/localfs.h"
+#include "platform/tempfolder_internal.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QMimeDatabase>
 #include <QPainter>
 #include <QPixmap>
-#include <QStandardPaths>
 // GIO uses "signals" as a name; Qt defines it as a keyword.
 #pragma push_macro("signals")
 #undef signals
 #include <gio/gio.h>
 #pragma pop_macro("signals")
 #include <algorithm>
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -87,12 +82,54 @@ QMimeType TypeByName(const QString& name) {
     return type;
 }
 
+// The answer for a path whose POSIX form is known ("" when it names nothing
+// on disk).
+bool FileInfoAt(const QString& posixPath, const QString& path, uint32_t fileAttributes, SHFILEINFO& info,
+                uint32_t flags) {
+    info = SHFILEINFO{};
+    if (path.isEmpty()) return false;
+    shell::EnsureIconTheme();
+    static const QMimeDatabase db;
+    const bool folder =
+        (fileAttributes & kFolderAttribute) || (!posixPath.isEmpty() && QFileInfo(posixPath).isDir());
+    const QString name = FileName(path);
+    const QMimeType type = folder ? db.mimeTypeForName(QStringLiteral("inode/directory")) : TypeByName(name);
+    info.szDisplayName = name;
+    if (flags & SHGFI_TYPENAME) info.szTypeName = type.isDefault() ? QString() : type.comment().left(kTypeNameChars);
+    if (flags & SHGFI_ICON) info.hIcon = IconFor(type, folder, (flags & SHGFI_SMALLICON) ? 16 : 32);
+    return true;
+}
+
+int gTypeLookups = 0;
+
 }  // namespace
 
 bool SHGetFileInfoA(const QString& path, uint32_t fileAttributes, SHFILEINFO& info, uint32_t flags) {
     info = SHFILEINFO{};
     if (path.isEmpty()) return false;
-    return shell::FileInfoAt(localfs::ToPosix(path), path, fileAttributes, info, flags);
+    // Resolving the Windows form is the dearest part of the call; a dummy of
+    // the held temporary folder has its POSIX form at hand.
+    QString posix = tempfolder::detail::HeldPosix(path);
+    if (posix.isEmpty()) posix = localfs::ToPosix(path);
+    return FileInfoAt(posix, path, fileAttributes, info, flags);
+}
+
+QString GetShellTypeName(const QString& sPath) {
+    ++gTypeLookups;
+    SHFILEINFO info;
+    SHGetFileInfoA(sPath, 0, info, SHGFI_TYPENAME);
+    const qsizetype nul = info.szTypeName.indexOf(QChar(0));
+    return nul < 0 ? info.szTypeName : info.szTypeName.left(nul);
+}
+
+QIcon GetShellIcon(uint32_t lFlags, const QString& sPath) {
+    SHFILEINFO info;
+    SHGetFileInfoA(sPath, 0, info, lFlags);
+    return info.hIcon;
+}
+
+int ShellTypeLookups() {
+    return gTypeLookups;
 }
 
 QString FindExecutableA(const QString& file) {
@@ -117,56 +154,6 @@ QString FindExecutableA(const QString& file) {
 
 namespace shell {
 
-bool FileInfoAt(const QString& posixPath, const QString& path, uint32_t fileAttributes, SHFILEINFO& info,
-                uint32_t flags) {
-    info = SHFILEINFO{};
-    if (path.isEmpty()) return false;
-    EnsureIconTheme();
-    static const QMimeDatabase db;
-    const bool folder =
-        (fileAttributes & kFolderAttribute) || (!posixPath.isEmpty() && QFileInfo(posixPath).isDir());
-    const QString name = FileName(path);
-    const QMimeType type = folder ? db.mimeTypeForName(QStringLiteral("inode/directory")) : TypeByName(name);
-    info.szDisplayName = name;
-    if (flags & SHGFI_TYPENAME) info.szTypeName = type.isDefault() ? QString() : type.comment().left(kTypeNameChars);
-    if (flags & SHGFI_ICON) info.hIcon = IconFor(type, folder, (flags & SHGFI_SMALLICON) ? 16 : 32);
-    return true;
-}
-
-QStringList TempFolderCandidates() {
-    QStringList out;
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    for (const QString& base : {cache, QStringLiteral("/tmp"), QStringLiteral("/var/tmp")}) {
-        if (base.isEmpty()) continue;
-        const QString folder = localfs::ToWindows(QDir::cleanPath(base + QStringLiteral("/tempqorvn")));
-        if (!folder.isEmpty() && !out.contains(folder)) out << folder;
-    }
-    return out;
-}
-
-bool TempFolderIsSafe(const QString& windowsFolder) {
-    const QString posix = localfs::ToPosix(windowsFolder);
-    if (posix.isEmpty()) return false;
-    struct stat st;
-    if (lstat(QFile::encodeName(posix).constData(), &st) != 0) return errno == ENOENT;  // ours to make
-    return S_ISDIR(st.st_mode) && st.st_uid == geteuid();
-}
-
-bool MakeTempFolder(const QString& windowsFolder) {
-    if (!TempFolderIsSafe(windowsFolder)) return false;
-    const QByteArray p = QFile::encodeName(localfs::ToPosix(windowsFolder));
-    if (mkdir(p.constData(), 0700) != 0 && errno != EEXIST) return false;
-    // The umask may have taken bits off, or a folder of ours was there with a
-    // looser mode; set it through a handle that refuses links, so a link put
-    // in its place meanwhile is never followed.
-    const int fd = open(p.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (fd < 0) return false;
-    struct stat st;
-    bool ok = fstat(fd, &st) == 0 && S_ISDIR(st.st_mode) && st.st_uid == geteuid();
-    if (ok && (st.st_mode & 07777) != 0700) ok = fchmod(fd, 0700) == 0;
-    close(fd);
-    return ok;
-}
 
 void EnsureIconTheme() {
     static bool done = false;

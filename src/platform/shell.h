@@ -25,21 +25,15 @@ bool SHGetFileInfoA(const QString& path, uint32_t fileAttributes, SHFILEINFO& in
 // there is none.
 QString FindExecutableA(const QString& file);
 
+// The shell's type text of a path (SHGFI_TYPENAME), cut at its first NUL.
+QString GetShellTypeName(const QString& sPath);
+// The shell's icon of a path as a picture: lFlags SHGFI_ICON, with
+// SHGFI_SMALLICON for the small one.
+QIcon GetShellIcon(uint32_t lFlags, const QString& sPath);
+// How often GetShellTypeName asked the shell so far (tests and benchmarks).
+int ShellTypeLookups();
+
 namespace shell {
-
-// SHGetFileInfoA for a path whose POSIX form the caller has at hand already
-// ("" when it names nothing on disk): resolving the Windows form is the
-// dearest part of the call.
-bool FileInfoAt(const QString& posixPath, const QString& path, uint32_t fileAttributes, SHFILEINFO& info,
-                uint32_t flags);
-
-// Folders that may hold the program's temporary folder, in the order they
-// are tried, Windows-form, ending in "\tempqorvn".
-QStringList TempFolderCandidates();
-// False for a folder that is a link or is owned by someone else.
-bool TempFolderIsSafe(const QString& windowsFolder);
-// Makes the folder with mode 0700; true when it exists and is safe after.
-bool MakeTempFolder(const QString& windowsFolder);
 
 // Installs the icon theme search paths and the fallback theme once; called
 // before the first icon lookup.

@@ -1,178 +1,34 @@
 #include "server/typeIcons.h"
 
 #include "frame/mdiMain.h"
-#include "platform/ftp_listing.h"
-#include "platform/localfs.h"
 #include "platform/shell.h"
+#include "platform/tempfolder.h"
 #include "server/formatters.h"
 #include "server/frmServer.h"
 
-#include <QFile>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+QString CreateDummyFile(const QString& sFileName) {
+    return tempfolder::MakeDummy(sFileName);
+}
+
+void RemoveDummyFile(const QString& sPath) {
+    tempfolder::RemoveDummy(sPath);
+}
 
 namespace {
-int gTypeLookups = 0;
-
 // Text behind "|key=" up to the next "|".
 QString ValueAt(const QString& table, qsizetype pos, const QString& key) {
     const qsizetype start = pos + key.size() + 2;
     const qsizetype end = table.indexOf(u'|', start);
     return table.mid(start, end < 0 ? -1 : end - start);
 }
-}  // namespace
 
-int ShellTypeLookups() {
-    return gTypeLookups;
-}
-
-namespace {
-// The folder that took the last dummy file: a directory read makes two
-// dummies per new extension, and finding the folder afresh each time would
-// cost more than the shell's answer. It is held open, so every dummy goes
-// into the folder that was checked, whatever happens to its path.
-//
-// Dummies are made as links to one empty spare file the read keeps in the
-// folder: a new link costs a few microseconds, while a new file costs an
-// inode, which some file systems hand out slowly after many deletions.
-struct TempFolder {
-    QString windows;
-    QString posix;
-    int dir = -1;
-    bool spare = false;
-};
-TempFolder gTempFolder;
-
-// One spare per process: two programs reading at once don't share one.
-const QByteArray& SpareName() {
-    static const QByteArray name = ".ferrydock-spare-" + QByteArray::number(qint64(getpid()));
-    return name;
-}
-
-QByteArray Encoded(const QString& name) {
-    return QFile::encodeName(name);
-}
-
-// Opens the folder itself (no link) when it is ours.
-bool Open(TempFolder& folder) {
-    folder.dir = ::open(Encoded(folder.posix).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    struct stat st;
-    if (folder.dir >= 0 && fstat(folder.dir, &st) == 0 && st.st_uid == geteuid()) return true;
-    if (folder.dir >= 0) ::close(folder.dir);
-    folder.dir = -1;
-    return false;
-}
-
-// An empty regular file of ours, or none.
-void MakeSpare(TempFolder& folder) {
-    const int fd = ::openat(folder.dir, SpareName().constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
-    if (fd < 0) return;
-    struct stat st;
-    folder.spare = fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && st.st_size == 0 && st.st_uid == geteuid();
-    ::close(fd);
-}
-
-// Drops the spare and lets go of the folder.
-void Release(TempFolder& folder) {
-    if (folder.dir >= 0) {
-        if (folder.spare) ::unlinkat(folder.dir, SpareName().constData(), 0);
-        ::close(folder.dir);
-    }
-    folder = TempFolder{};
-}
-
-// Still a folder of ours that hasn't been removed.
-bool StillSafe(const TempFolder& folder) {
-    struct stat st;
-    return folder.dir >= 0 && fstat(folder.dir, &st) == 0 && S_ISDIR(st.st_mode) && st.st_nlink > 0 &&
-           st.st_uid == geteuid();
-}
-
-// Creates the file, or keeps one that exists. A name taken already (the
-// spare's own too) makes the link fail and falls to the plain create.
-bool TryCreate(const TempFolder& folder, const QString& sFileName) {
-    const QByteArray name = Encoded(sFileName);
-    if (folder.spare && ::linkat(folder.dir, SpareName().constData(), folder.dir, name.constData(), 0) == 0)
-        return true;
-    const int fd = ::openat(folder.dir, name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (fd < 0) return false;
-    ::close(fd);
-    return true;
-}
-}  // namespace
-
-QString CreateDummyFile(const QString& sFileName) {
-    if (sFileName.isEmpty() || sFileName == QStringLiteral(".") || sFileName == QStringLiteral("..") || ftp::IsUnsafeName(sFileName))
-        return QString();
-    if (StillSafe(gTempFolder) && TryCreate(gTempFolder, sFileName)) return gTempFolder.windows + QStringLiteral("\\") + sFileName;
-    // Each location in turn, as the drive letters once were.
-    for (const QString& folder : shell::TempFolderCandidates()) {
-        if (!shell::MakeTempFolder(folder)) continue;
-        TempFolder candidate{folder, localfs::ToPosix(folder)};
-        if (!Open(candidate)) continue;
-        if (!TryCreate(candidate, sFileName)) {
-            Release(candidate);
-            localfs::RmDir(folder);  // only an empty folder goes
-            continue;
-        }
-        Release(gTempFolder);
-        MakeSpare(candidate);
-        gTempFolder = candidate;
-        return folder + QStringLiteral("\\") + sFileName;
-    }
-    Release(gTempFolder);
-    return QString();
-}
-
-namespace {
-// The name of a dummy in the current temporary folder; "" for any other path.
-QString DummyName(const QString& sPath) {
-    if (gTempFolder.windows.isEmpty()) return QString();
-    const qsizetype prefix = gTempFolder.windows.size() + 1;
-    if (sPath.size() <= prefix || sPath[prefix - 1] != u'\\' || !sPath.startsWith(gTempFolder.windows))
-        return QString();
-    const QString name = sPath.mid(prefix);
-    return name.contains(u'\\') ? QString() : name;
-}
-
-// The shell's answer; for a dummy of ours the POSIX form is known already.
-SHFILEINFO Ask(const QString& sPath, uint32_t lFlags) {
-    SHFILEINFO info;
-    const QString name = DummyName(sPath);
-    if (name.isEmpty())
-        SHGetFileInfoA(sPath, 0, info, lFlags);
-    else
-        shell::FileInfoAt(gTempFolder.posix + u'/' + name, sPath, 0, info, lFlags);
-    return info;
-}
-}  // namespace
-
-void RemoveDummyFile(const QString& sPath) {
-    const QString name = DummyName(sPath);
-    if (!name.isEmpty())
-        ::unlinkat(gTempFolder.dir, Encoded(name).constData(), 0);
-    else
-        localfs::Kill(sPath);
-}
-
-QString GetShellTypeName(const QString& sPath) {
-    ++gTypeLookups;
-    return Ask(sPath, SHGFI_TYPENAME).szTypeName;
-}
-
-QIcon GetShellIcon(uint32_t lFlags, const QString& sPath) {
-    return Ask(sPath, lFlags).hIcon;
-}
-
-namespace {
 bool IsPlain(const QString& s) {
     return !s.contains(u'|') && !s.contains(u'=');
 }
 }  // namespace
 
 TypeCache::~TypeCache() {
-    Release(gTempFolder);
+    tempfolder::Release();
 }
 
 qsizetype TypeCache::CachePos(const QString& sKey) const {
@@ -198,7 +54,7 @@ void TypeCache::BeginRead() {
     plain_ = true;
     lIconNumber = 0;
     // Every read looks for its temporary folder in turn again.
-    Release(gTempFolder);
+    tempfolder::Release();
     auto& frame = mdiMain();
     auto* list = frmServer().lsvServer;
     list->SetIcons(nullptr);

@@ -14,8 +14,6 @@
 QString CreateDummyFile(const QString& sFileName);
 // Deletes a dummy file again; a missing one is no error.
 void RemoveDummyFile(const QString& sPath);
-QString GetShellTypeName(const QString& sPath);
-QIcon GetShellIcon(uint32_t lFlags, const QString& sPath);
 
 // The fixed German type texts of the extensions whose icons differ per file.
 inline const QString sFixedTypes = QStringLiteral("|zico=Symbol|zexe=Anwendung|zlnk=Verknüpfung|zcur=Cursor|");
@@ -53,6 +51,3 @@ private:
     QHash<QString, Pair> pairAt_;
     bool plain_ = true;
 };
-
-// How often the shell was asked for a type text (for tests and the bench).
-int ShellTypeLookups();

@@ -1,13 +1,10 @@
 #include "transfer/asciiDat.h"
 
 #include "frame/mPublic.h"
-#include "platform/localfs.h"
-
-#include <QFile>
-#include <QSaveFile>
+#include "platform/fileio.h"
 
 QString AsciiDatPath() {
-    return localfs::ToPosix(AppPath() + QStringLiteral("\\ascii.dat"));
+    return AppPath() + QStringLiteral("\\ascii.dat");
 }
 
 namespace {
@@ -51,19 +48,13 @@ QStringList ReadFields(const QByteArray& text) {
 QStringList ReadAsciiDat() {
     // A missing list is no list: the classic loop over a missing file never
     // ended, this one has nothing to read.
-    QFile f(AsciiDatPath());
-    if (!f.open(QIODevice::ReadOnly)) return {};
-    return ReadFields(f.readAll());
+    QByteArray text;
+    if (!ReadWholeFile(AsciiDatPath(), text)) return {};
+    return ReadFields(text);
 }
 
 bool WriteAsciiDat(const QStringList& entries) {
     QByteArray bytes;
     for (const QString& e : entries) bytes += e.toLocal8Bit() + "\r\n";
-    // Through a temporary beside it, so a failed write keeps the old list;
-    // a read-only ascii.dat is refused as the classic open refused it.
-    QSaveFile f(AsciiDatPath());
-    f.setDirectWriteFallback(true);
-    if (!f.open(QIODevice::WriteOnly)) return false;
-    f.write(bytes);
-    return f.commit();
+    return ReplaceWholeFile(AsciiDatPath(), bytes);
 }

@@ -5,8 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-// The path of ascii.dat in the program folder (POSIX form, found whatever
-// its case on disk).
+// The path of ascii.dat in the program folder.
 QString AsciiDatPath();
 
 // Fields as the classic formatted input reads them, one read after another

@@ -3,15 +3,9 @@
 #include "frame/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
-#include "platform/localfs.h"
+#include "platform/fileio.h"
 #include "platform/wininet.h"
 #include "transfer/asciiDat.h"
-
-#include <cstring>
-#include <fcntl.h>
-#include <memory>
-#include <sys/stat.h>
-#include <unistd.h>
 
 HINTERNET hUploadFile = 0;
 
@@ -30,62 +24,6 @@ bool Fail() {
     SetWatch(true);
     return false;
 }
-
-// The local file opened for binary reading. Only regular files open (a
-// pipe or a device would block or never end); anything else reads as
-// nothing, which is what a failed open left behind.
-class LocalFile {
-public:
-    explicit LocalFile(const QString& windowsPath) {
-        const QByteArray path = localfs::ToPosix(windowsPath).toLocal8Bit();
-        if (path.isEmpty()) return;
-        fd_ = ::open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-        struct stat st {};
-        if (fd_ >= 0 && (::fstat(fd_, &st) != 0 || !S_ISREG(st.st_mode))) Close();
-        if (fd_ >= 0) {
-            size_ = st.st_size;
-            buffer_ = std::make_unique<char[]>(kBuffer);
-        }
-    }
-    ~LocalFile() { Close(); }
-    LocalFile(const LocalFile&) = delete;
-    LocalFile& operator=(const LocalFile&) = delete;
-
-    // The length as the classic signed 32-bit file length gives it.
-    int32_t Length() const { return static_cast<int32_t>(size_); }
-
-    // Fills `out` as far as the file goes; the rest of it keeps what it held.
-    void Read(char* out, int count) {
-        while (count > 0 && fd_ >= 0) {
-            if (pos_ == len_ && !Fill()) return;
-            const int n = int(std::min<qsizetype>(count, len_ - pos_));
-            std::memcpy(out, buffer_.get() + pos_, size_t(n));
-            pos_ += n;
-            out += n;
-            count -= n;
-        }
-    }
-
-    void Close() {
-        if (fd_ >= 0) ::close(fd_);
-        fd_ = -1;
-    }
-
-private:
-    static constexpr qsizetype kBuffer = 64 * 1024;
-    bool Fill() {
-        ssize_t n;
-        do n = ::read(fd_, buffer_.get(), size_t(kBuffer));
-        while (n < 0 && errno == EINTR);
-        pos_ = 0;
-        len_ = n > 0 ? n : 0;
-        return len_ > 0;
-    }
-    int fd_ = -1;
-    off_t size_ = 0;
-    std::unique_ptr<char[]> buffer_;
-    qsizetype pos_ = 0, len_ = 0;
-};
 
 }  // namespace
 
@@ -121,14 +59,16 @@ bool UploadFile(QString& pLocalFile, QString& pRemoteFile) {
     hUploadFile = FtpOpenFileA(hConnection, pRemoteFile, GENERIC_WRITE, lTransferMode, 0);
     if (hUploadFile == 0) return Fail();
 
-    LocalFile file(pLocalFile);
-    const int32_t lFileSize = file.Length();
+    // Only regular files open; anything else reads as nothing, which is what
+    // a failed open left behind.
+    BinaryFile file(pLocalFile);
+    const int32_t lFileSize = file.LOF();
     char bytUploadBuffer[kChunk] = {};
     uint32_t lWritten = 0;
     // Failed writes leave the stream open (hUploadFile keeps its value): the
     // walks open a new connection before their next item.
     for (int32_t i = 1; i <= lFileSize / kChunk; ++i) {
-        file.Read(bytUploadBuffer, kChunk);
+        file.Get(bytUploadBuffer, kChunk);
         // hUploadFile is read afresh: a nested upload during the turn below
         // replaces it, and this one then writes to the nested one's stream.
         if (!InternetWriteFile(hUploadFile, bytUploadBuffer, kChunk, lWritten)) return Fail();
@@ -138,7 +78,7 @@ bool UploadFile(QString& pLocalFile, QString& pRemoteFile) {
     // The tail write always happens, of 0 bytes too. A length from 2 GiB on
     // reads negative: its tail can't be written, so it fails here.
     const int32_t lTail = lFileSize % kChunk;
-    file.Read(bytUploadBuffer, kChunk);
+    file.Get(bytUploadBuffer, kChunk);
     if (lTail < 0 || !InternetWriteFile(hUploadFile, bytUploadBuffer, uint32_t(lTail), lWritten)) return Fail();
     lBytesSent += lTail;
     file.Close();

@@ -7,6 +7,7 @@
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
+#include "platform/localfs.h"
 #include "platform/wininet.h"
 #include "server/frmServer.h"
 #include "support/ftp_server.h"
@@ -41,7 +42,7 @@ void FrameTest::SetUp() {
     hInternetReconnect = 0;
     lConnectFlags = 0;
     lTransferMode = 0;
-    OpenLanguageDatabase(QStringLiteral(FERRYDOCK_PROGRAM_DIR) + "/lang.db");
+    OpenLanguageDatabase(localfs::ToWindows(QStringLiteral(FERRYDOCK_PROGRAM_DIR "/lang.db")));
     sLanguageTable = LanguageTable();
 }
 
