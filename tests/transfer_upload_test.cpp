@@ -17,6 +17,8 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -278,6 +280,25 @@ TEST_F(Transfer, FailedWritesLeaveTheStreamAndANestedUploadTakesItOver) {
     QTimer::singleShot(0, [&] { dying.Stop(); });
     EXPECT_FALSE(Send(Local("big.bin", Random(4 * 1024 * 1024)), "big.bin"));
     EXPECT_NE(hUploadFile, 0u);  // neither closed nor reset
+}
+
+TEST_F(Transfer, EndingTheProgramDuringAnUploadEndsTheProcessThere) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    FtpServer server(FtpServer::Kind::Vsftpd);
+    ConnectTo(server, 1);
+    const QString local = Local("long.bin", Random(255 * 40));
+    // The frame's window closed from inside one of the upload's event turns:
+    // the frame unloads in a later turn, and with it the process ends.
+    EXPECT_EXIT(
+        {
+            seams::SetEndHandler({});
+            QTimer::singleShot(0, [] { mdiMain().close(); });
+            QString from = local;
+            QString to = QStringLiteral("long.bin");
+            UploadFile(from, to);
+            std::exit(3);  // the upload went on
+        },
+        ::testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 #include <csignal>
+#include <sys/prctl.h>
 #include <sys/types.h>
 
 namespace {
@@ -108,6 +109,9 @@ bool FtpServer::Start() {
     if (Running()) return true;
     process_ = std::make_unique<QProcess>();
     process_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    // The server dies with the test process, also one that ends at once
+    // (the tests of the program's end do).
+    process_->setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     if (kind_ != Kind::Vsftpd) {
         QStringList args{QStringLiteral(FERRYDOCK_SOURCE_DIR "/tests/support/pyftpdlib_server.py"),
                          QString::number(port_), root()};
