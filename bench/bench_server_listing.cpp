@@ -4,7 +4,7 @@
 // Two folders: one whose 1,000 subfolders have names of their own (each
 // new "extension" costs the type-and-icon step with its dummy files), one
 // whose subfolders share an extension.
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "platform/wininet.h"
 #include "server/frmServer.h"
 #include "server/serverListing.h"

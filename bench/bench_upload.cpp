@@ -1,6 +1,6 @@
 // Upload of one 256 MiB file through UploadFile to a local vsftpd, against
 // curl -T of the same file, with the program's peak memory.
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "platform/localfs.h"
 #include "support/bench_frame.h"

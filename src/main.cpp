@@ -1,6 +1,6 @@
 // Ferrydock starts with its language dialog; everything else comes up from
 // its buttons.
-#include "language/frmStart.h"
+#include "frame/frmStart.h"
 #include "platform/tempfolder.h"
 
 #include <QApplication>

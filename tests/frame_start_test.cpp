@@ -1,9 +1,9 @@
 // Start-up, captions, the connection bar's checks and the ways out.
 #include "support/frame_fixture.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
-#include "language/frmStart.h"
+#include "frame/frmStart.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
 #include "server/frmServer.h"

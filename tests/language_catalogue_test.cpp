@@ -1,6 +1,6 @@
 // The message catalogue as the build makes it, and the lookup over small
 // catalogues of the test's own.
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "platform/localfs.h"
 

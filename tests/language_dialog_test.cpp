@@ -1,9 +1,9 @@
 // The language dialog over small catalogues of the test's own.
 #include "support/frame_fixture.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
-#include "language/frmStart.h"
+#include "frame/frmStart.h"
 #include "language/mDataBase.h"
 #include "platform/localfs.h"
 

@@ -2,7 +2,7 @@
 // phantom row, the tree read one level ahead, the combo and the refreshes.
 #include "support/frame_fixture.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
 #include "local/localReader.h"

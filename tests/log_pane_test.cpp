@@ -1,7 +1,7 @@
 // The log pane: colours of its lines, its popup, the clipboard, clearing.
 #include "support/frame_fixture.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "language/frmPopUpfrmTransferHistory.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"

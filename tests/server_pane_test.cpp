@@ -3,7 +3,7 @@
 #include "support/frame_fixture.h"
 #include "support/ftp_server.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
 #include "platform/localfs.h"
@@ -14,6 +14,7 @@
 #include "server/serverListing.h"
 #include "server/serverRefresh.h"
 #include "server/typeIcons.h"
+#include "shared/typeTexts.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -3,7 +3,7 @@
 #include "support/frame_fixture.h"
 #include "support/ftp_server.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"

@@ -2,7 +2,7 @@
 // dialog, then the frame connected to a server at two window sizes.
 // Usage: screenshot-harness OUTDIR HOST PORT USER PASSWORD
 #include "frame/mdiMain.h"
-#include "language/frmStart.h"
+#include "frame/frmStart.h"
 #include "platform/seams.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "support/bench_frame.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
 #include "platform/localfs.h"

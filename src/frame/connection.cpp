@@ -1,6 +1,6 @@
 // Opening the one FTP connection from the connection bar: the full connect
 // (menu, F4, toolbar) and the quick connect (Return in the password box).
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
@@ -44,16 +44,16 @@ bool MdiMain::OpenConnection(const QString& sServer, const QString& sPort, const
 
 void MdiMain::mnuVerbindungVerbinden_Click() {
     if (txtAddress->Text().trimmed().isEmpty()) {
-        MsgBox(GetLanguageText("ENTER_ADRESS"), 16);
+        MsgBox(GetLanguageText("ENTER_ADRESS"), vbCritical);
         txtAddress->SetFocus();
         return;
     }
     if (txtPort->Text().trimmed().isEmpty()) {
-        MsgBox(GetLanguageText("ENTER_PORT"), 16);
+        MsgBox(GetLanguageText("ENTER_PORT"), vbCritical);
         txtPort->SetFocus();
         return;
     }
-    SetMousePointer(11);
+    SetMousePointer(vbHourglass);
     txtAddress->SetEnabled(false);
     txtUserID->SetEnabled(false);
     txtPassword->SetEnabled(false);
@@ -63,7 +63,7 @@ void MdiMain::mnuVerbindungVerbinden_Click() {
 
     MoveLogCaretToEnd();
     Log().SetSelColor(kBlack);
-    Log().SetSelText(GetLanguageText(QStringLiteral("CONNECT_WITH")) + u' ' + txtAddress->Text() + QStringLiteral(" ...") + vbCrLf);
+    Log().SetSelText(GetLanguageText("CONNECT_WITH") + u' ' + txtAddress->Text() + QStringLiteral(" ...") + vbCrLf);
     DoEvents();
 
     Initialize_Internet();
@@ -73,7 +73,7 @@ void MdiMain::mnuVerbindungVerbinden_Click() {
         // text before the caret, as it always has here.
         Log().SetSelColor(kGreen);
         MoveLogCaretToEnd();
-        Log().SetSelText(GetLanguageText(QStringLiteral("CONNECTION_TO")) + u' ' + txtAddress->Text() + u' ' +
+        Log().SetSelText(GetLanguageText("CONNECTION_TO") + u' ' + txtAddress->Text() + u' ' +
                          GetLanguageText("ESTABLSHED") + vbCrLf);
         Log().SetSelColor(kBlack);
         RefreshServer(hConnection);
@@ -84,18 +84,18 @@ void MdiMain::mnuVerbindungVerbinden_Click() {
         Log().SetSelColor(kBlack);
         MsgBox(GetLanguageText("NOT_ESTABLISHED") + vbCrLf + GetLanguageText("SPELLING") + vbCrLf +
                    GetLanguageText("PROVIDER"),
-               48);
+               vbExclamation);
     }
-    SetMousePointer(0);
+    SetMousePointer(vbDefault);
 }
 
 void MdiMain::QuickConnect() {
     if (txtAddress->Text().trimmed().isEmpty()) {
-        MsgBox(GetLanguageText("ENTER_HOST"), 64);
+        MsgBox(GetLanguageText("ENTER_HOST"), vbInformation);
         txtAddress->SetFocus();
         return;
     }
-    SetMousePointer(11);
+    SetMousePointer(vbHourglass);
     txtAddress->SetEnabled(false);
     txtUserID->SetEnabled(false);
     txtPassword->SetEnabled(false);
@@ -107,23 +107,23 @@ void MdiMain::QuickConnect() {
         FtpSetCurrentDirectoryA(hConnection, QStringLiteral("/"));
         MoveLogCaretToEnd();
         Log().SetSelColor(kBlack);
-        Log().SetSelText(GetLanguageText(QStringLiteral("CONNECT_WITH")) + u' ' + txtAddress->Text() + QStringLiteral(" ...") + vbCrLf);
-        AppendLogLine(kGreen, GetLanguageText(QStringLiteral("CONNECTION_WITH")) + u' ' + txtAddress->Text() + u' ' +
+        Log().SetSelText(GetLanguageText("CONNECT_WITH") + u' ' + txtAddress->Text() + QStringLiteral(" ...") + vbCrLf);
+        AppendLogLine(kGreen, GetLanguageText("CONNECTION_WITH") + u' ' + txtAddress->Text() + u' ' +
                                   GetLanguageText("WAS_ESTABLISHT"));
         RefreshServer(hConnection);
     } else {
-        MsgBox(GetLanguageText("NO_CONNECTION") + vbCrLf + GetLanguageText("CHECK_PROVIDER"), 48);
+        MsgBox(GetLanguageText("NO_CONNECTION") + vbCrLf + GetLanguageText("CHECK_PROVIDER"), vbExclamation);
     }
-    SetMousePointer(0);
+    SetMousePointer(vbDefault);
     txtAddress->SetEnabled(true);
     txtUserID->SetEnabled(true);
     txtPassword->SetEnabled(true);
 }
 
 void MdiMain::tlbConnect_ButtonClick(const QString& key) {
-    if (key == QStringLiteral("connect"))
+    if (key == u"connect")
         mnuVerbindungVerbinden_Click();
-    else if (key == QStringLiteral("ascii"))
+    else if (key == u"ascii")
         mnuVerbindungASCIIListe_Click();
     txtAddress->SetEnabled(true);
     txtUserID->SetEnabled(true);

@@ -1,15 +1,18 @@
 #include "frame/frmUploadDownload.h"
 
-#include "language/mDataBase.h"
-#include "platform/shell.h"
+#include "platform/controls/twips.h"
+#include "shared/toolbarButtons.h"
 
 controls::FormSlot<FrmUploadDownload> frmUploadDownload;
 
+namespace {
+constexpr int kStripWidth = 400;
+constexpr int kArrowLeft = 2;
+}  // namespace
+
 FrmUploadDownload::FrmUploadDownload() {
-    setObjectName("frmUploadDownload");
-    imgUploadDownload = new controls::ImageList(this);
-    imgUploadDownload->Add(QStringLiteral("upload"), shell::BundledIcon(QStringLiteral("upload")));
-    imgUploadDownload->Add(QStringLiteral("download"), shell::BundledIcon(QStringLiteral("download")));
+    setObjectName(QStringLiteral("frmUploadDownload"));
+    imgUploadDownload = PictureList(this, {{"upload", "upload"}, {"download", "download"}});
     tlbUpload = new controls::Toolbar(this);
     tlbDownload = new controls::Toolbar(this);
     tlbUpload->setOrientation(Qt::Vertical);
@@ -19,30 +22,25 @@ FrmUploadDownload::FrmUploadDownload() {
 }
 
 void FrmUploadDownload::Form_Load() {
-    tlbUpload->SetImageList(imgUploadDownload);
-    auto& up = tlbUpload->AddButton(QStringLiteral("upload"), 1);
-    up.SetToolTipText(GetLanguageText("FRMLOCAL_UPLOAD"));
-    up.description = up.ToolTipText();
-    tlbDownload->SetImageList(imgUploadDownload);
-    // The download arrow's key is "del"; nothing reads it.
-    auto& down = tlbDownload->AddButton(QStringLiteral("del"), 2);
-    down.SetToolTipText(GetLanguageText("FRMSERVER_DOWN"));
-    down.description = down.ToolTipText();
+    AddToolbarButtons(*tlbUpload, imgUploadDownload, {{"upload", 1, "FRMLOCAL_UPLOAD"}});
+    // Kept: the download arrow's key is "del"; nothing reads it.
+    AddToolbarButtons(*tlbDownload, imgUploadDownload, {{"del", 2, "FRMSERVER_DOWN"}});
     tlbUpload->adjustSize();
     tlbDownload->adjustSize();
     PlaceArrows();
 }
 
 void FrmUploadDownload::Form_Resize() {
-    SetWidth(400);
+    SetWidth(kStripWidth);
     PlaceArrows();
 }
 
+// One toolbar height stays free between the arrows, around the middle.
 void FrmUploadDownload::PlaceArrows() {
-    const int upHeight = tlbUpload->height() * 15;
-    const int downHeight = tlbDownload->height() * 15;
-    tlbUpload->move(2, (ScaleHeight() / 2 - upHeight) / 15);
-    tlbDownload->move(2, (ScaleHeight() / 2 + downHeight) / 15);
+    controls::SetTopOf(tlbUpload, ScaleHeight() / 2 - controls::HeightOf(tlbUpload));
+    controls::SetTopOf(tlbDownload, ScaleHeight() / 2 + controls::HeightOf(tlbDownload));
+    controls::SetLeftOf(tlbUpload, kArrowLeft);
+    controls::SetLeftOf(tlbDownload, kArrowLeft);
 }
 
 // The transfers behind the arrows come with the transfer walks.

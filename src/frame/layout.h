@@ -1,7 +1,8 @@
-// The arithmetic that places the three panes and the log in the frame.
+// The arithmetic that places the three panes and the log in the frame; the
+// only place that knows more than one pane's geometry.
 #pragma once
 
-// Classic assignment of a division result to a whole number: half to even.
+// Assignment of a division result to a whole number: halves to even.
 int VbRound(double value);
 
 void LayoutLocalPane();
@@ -9,6 +10,7 @@ void LayoutServerPane();
 void LayoutArrowBar();
 void LayoutTransferHistory();
 
-// Top of the local pane's folder tree, in twips: the server list stands
-// level with it.
-int LocalContentTop();
+// The frame's load: the three upper panes loaded, placed and shown, the four
+// layouts, then the log loaded, placed and shown. From here on a resize of
+// either pane lays out the others.
+void LoadPanes();

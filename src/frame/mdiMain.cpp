@@ -1,8 +1,6 @@
 #include "frame/mdiMain.h"
 
-#include "frame/frmUploadDownload.h"
 #include "frame/layout.h"
-#include "frame/mPublic.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
@@ -11,12 +9,16 @@
 #include "platform/shell.h"
 #include "platform/wininet.h"
 #include "server/frmServer.h"
+#include "shared/frameControls.h"
+#include "shared/mPublic.h"
+#include "shared/toolbarButtons.h"
 
 #include <QCloseEvent>
 #include <QDateTime>
 #include <QLocale>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 controls::FormSlot<MdiMain> mdiMain;
 
@@ -26,7 +28,7 @@ constexpr int kClientHeight = 8595;
 }  // namespace
 
 MdiMain::MdiMain() {
-    setObjectName("mdiMain");
+    setObjectName(QStringLiteral("mdiMain"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -57,20 +59,17 @@ MdiMain::MdiMain() {
     timIsConnected->onTimer = [this] { timIsConnected_Timer(); };
 
     shell::EnsureIconTheme();
-    imlToolbarIcons = new controls::ImageList(this);
-    imlToolbarIcons->Add(QStringLiteral("connect"), shell::BundledIcon(QStringLiteral("connect")));
-    imlToolbarIcons->Add(QStringLiteral("ascii"), shell::BundledIcon(QStringLiteral("ascii-list")));
+    imlToolbarIcons = PictureList(this, {{"connect", "connect"}, {"ascii", "ascii-list"}});
     imgListLarge = new controls::ImageList(this);
     imgListSmall = new controls::ImageList(this);
     imgDir = new controls::ImageList(this);
-    imgDir->Add(QString(), shell::BundledIcon(QStringLiteral("folder")));
-    imgDir->Add(QString(), shell::BundledIcon(QStringLiteral("folder")));
-    imgDir->Add(QString(), shell::BundledIcon(QStringLiteral("unknown")));
-    imgDir->Add(QString(), shell::BundledIcon(QStringLiteral("unknown")));
+    for (const char* picture : {"folder", "folder", "unknown", "unknown"})
+        imgDir->Add(QString(), shell::BundledIcon(QString::fromLatin1(picture)));
+    Frame() = FrameControls{imgListLarge, imgListSmall, imgDir, cboTransferMode, timIsConnected};
 
     setWindowIcon(shell::BundledIcon(QStringLiteral("app")));
     const int chrome = menuBar->sizeHint().height() + picTop->height() + pgbBottom->height();
-    resize(ToPixels(kClientWidth), ToPixels(kClientHeight) + chrome);
+    resize(ToPixels(std::max(kClientWidth, ConnectionBarWidth())), ToPixels(kClientHeight) + chrome);
 }
 
 int MdiMain::ScaleWidth() const {
@@ -87,71 +86,25 @@ void MdiMain::AttachChild(QWidget* form) {
 }
 
 void MdiMain::Form_Load() {
-    // 4. Connection toolbar.
-    tlbConnect->SetImageList(imlToolbarIcons);
-    {
-        auto& b = tlbConnect->AddButton(QStringLiteral("connect"), 1);
-        b.SetToolTipText(GetLanguageText("BUILD_CONNECTION"));
-        b.description = b.ToolTipText();
-        auto& a = tlbConnect->AddButton(QStringLiteral("ascii"), 2);
-        a.SetToolTipText(GetLanguageText("ASCII_LIST_SHOW"));
-        a.description = a.ToolTipText();
-    }
-
-    // 5. Captions; choosing AUTO touches the log first, so the log form
-    // exists from here on.
+    AddToolbarButtons(*tlbConnect, imlToolbarIcons,
+                      {{"connect", 1, "BUILD_CONNECTION"}, {"ascii", 2, "ASCII_LIST_SHOW"}});
+    // Choosing AUTO reads the log, so the log form exists from here on.
     LoadCaptions();
-
-    // 6.-8. The three upper panes.
-    AttachChild(&frmLocal());
-    frmLocal().SetLeft(0);
-    frmLocal().SetTop(0);
-    frmLocal().SetWidth(VbRound(Width() / 2.0) - 200);
-    frmLocal().show();
-
-    AttachChild(&frmUploadDownload());
-    frmUploadDownload().SetLeft(frmLocal().Left() + frmLocal().Width());
-    frmUploadDownload().SetTop(0);
-    frmUploadDownload().SetWidth(400);
-    frmUploadDownload().show();
-
-    AttachChild(&frmServer());
-    frmServer().SetLeft(frmLocal().Width() + 400);
-    frmServer().SetTop(0);
-    frmServer().SetWidth(VbRound(Width() / 2.0) - 200);
-    frmServer().show();
-
-    // 9.
-    LayoutTransferHistory();
-    LayoutLocalPane();
-    LayoutArrowBar();
-    LayoutServerPane();
-
-    // 10.-11. The log.
-    AttachChild(&frmTransferHistory());
-    frmTransferHistory().SetHeight(2000);
-    frmTransferHistory().SetTop(Height() - frmLocal().Top() - frmLocal().Height() - 10);
-    frmTransferHistory().SetLeft(0);
-    frmTransferHistory().SetWidth(Width());
-    frmTransferHistory().SetHeight(frmTransferHistory().Height() + 10);
-    frmTransferHistory().show();
-
-    // 12.-15.
+    LoadPanes();
     MDIForm_Resize();
     txtAddress->SetFocus();
-    lTransferMode = 2;
+    lTransferMode = FTP_TRANSFER_TYPE_BINARY;
     setWindowTitle(QStringLiteral("Ferrydock Release 1 Version 3"));
 
-    // 16.-18. The welcome text, one insertion of two lines.
+    // The welcome text: one insertion of two lines.
     MoveLogCaretToEnd();
     auto& log = *frmTransferHistory().rtfTransferHistory;
     log.SetSelColor(kBlack);
     const QLocale locale = QLocale::system();
     const QDateTime now = QDateTime::currentDateTime();
-    log.SetSelText(GetLanguageText(QStringLiteral("WELCOME1")) + vbCrLf + GetLanguageText(QStringLiteral("WELCOME2")) + u' ' +
-                   locale.toString(now.date(), QLocale::ShortFormat) + u' ' + GetLanguageText(QStringLiteral("WELCOME3")) +
-                   u' ' + locale.toString(now.time(), QLocale::ShortFormat) + u' ' +
-                   GetLanguageText("WELCOME4") + vbCrLf);
+    log.SetSelText(GetLanguageText("WELCOME1") + vbCrLf + GetLanguageText("WELCOME2") + u' ' +
+                   locale.toString(now.date(), QLocale::ShortFormat) + u' ' + GetLanguageText("WELCOME3") + u' ' +
+                   locale.toString(now.time(), QLocale::ShortFormat) + u' ' + GetLanguageText("WELCOME4") + vbCrLf);
     log.SetSelColor(kBlack);
 }
 

@@ -123,7 +123,7 @@ public:
     // Watch (watch.cpp).
     void timIsConnected_Timer();
 
-    // Transfer mode (transfer/transferMode.cpp).
+    // Transfer mode: forwarded to the transfer module.
     void cboTransferMode_Click();
     void mnuVerbindungTransferASCII_Click();
     void mnuVerbindungTransferBINARY_Click();
@@ -142,6 +142,10 @@ private:
     void BuildConnectionBar();
     void WireConnectionBar();
     void LoadCaptions();
+    // The frame's width at which the whole connection bar shows.
+    static int ConnectionBarWidth();
+    bool ConnectionBarFits(const QFont& font) const;
+    void FitConnectionBarFont();
     QWidget* clientArea = nullptr;
 };
 

@@ -1,8 +1,10 @@
 // The frame's menu tree, its captions from the catalogue and its routing.
 #include "frame/mdiMain.h"
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "platform/seams.h"
+#include "transfer/frmASCIIListe.h"
+#include "transfer/transferMode.h"
 
 namespace {
 // Names and design-time captions are the program's own UTF-8 literals.
@@ -147,4 +149,33 @@ void MdiMain::LoadCaptions() {
     mnuMyServerNeuOrdner->setText(GetLanguageText("FRMPUSERVER_NEWFOLDER"));
     mnuMyServerAktualisieren->setText(GetLanguageText("FRMPUSERVER_REFRESH"));
     mnuInfoWeb->setTitle(GetLanguageText("MDIMAIN_WEBSITE"));
+    // The captions are the language's now: the bar's font fits them.
+    FitConnectionBarFont();
+}
+
+namespace {
+TransferModeControls ModeControls(const MdiMain& f) {
+    return {f.cboTransferMode, f.mnuVerbindungTransferASCII, f.mnuVerbindungTransferBINARY,
+            f.mnuVerbindungTransferAUTO};
+}
+}  // namespace
+
+void MdiMain::cboTransferMode_Click() {
+    TransferModeComboClick(ModeControls(*this));
+}
+
+void MdiMain::mnuVerbindungTransferASCII_Click() {
+    TransferModeASCII(ModeControls(*this));
+}
+
+void MdiMain::mnuVerbindungTransferBINARY_Click() {
+    TransferModeBINARY(ModeControls(*this));
+}
+
+void MdiMain::mnuVerbindungTransferAUTO_Click() {
+    TransferModeAUTO(ModeControls(*this));
+}
+
+void MdiMain::mnuVerbindungASCIIListe_Click() {
+    ShowAsciiListModal();
 }

@@ -1,7 +1,7 @@
 // The watch over the connection and the silent reconnect.
 #include "frame/watch.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
 #include "platform/seams.h"
@@ -15,7 +15,7 @@ void MdiMain::timIsConnected_Timer() {
     if (!GetServerDirectory().trimmed().isEmpty()) return;
     // Off before the box, so no second tick arrives behind it.
     timIsConnected->SetEnabled(false);
-    if (MsgBox(GetLanguageText("CONNECTION_CANCEL1") + vbCrLf + GetLanguageText("CONNECTION_CANCEL2"), 4) ==
+    if (MsgBox(GetLanguageText("CONNECTION_CANCEL1") + vbCrLf + GetLanguageText("CONNECTION_CANCEL2"), vbYesNo) ==
         vbYes)
         Reinitialize_Internet();
 }
@@ -34,7 +34,7 @@ void Reinitialize_Internet() {
     } else {
         MsgBox(GetLanguageText("MPUB_NOCONN1") + vbCrLf + GetLanguageText("MPUB_NOCONN2") + vbCrLf +
                    GetLanguageText("MPUB_NOCONN3") + vbCrLf,
-               48);
+               vbExclamation);
         frame.txtAddress->SetFocus();
     }
 }

@@ -1,6 +1,7 @@
 #include "language/frmTransferHistory.h"
 
 #include "language/mDataBase.h"
+#include "platform/controls/twips.h"
 
 controls::FormSlot<FrmTransferHistory> frmTransferHistory;
 

@@ -1,58 +1,46 @@
 // Geometry of the local pane: the folder tree above, the file list below,
-// the row of tlbDirOptions, cboLocal and tlbLocal between them. Toolbars
-// are placed in pixels where the pane always placed them so.
-#include "frame/layout.h"
-#include "frame/mPublic.h"
+// the row of tlbDirOptions, cboLocal and tlbLocal between them, each half
+// of the pane. Each assignment stands alone; an event turn follows the
+// steps that repaint.
 #include "local/frmLocal.h"
 #include "platform/controls/twips.h"
+#include "shared/mPublic.h"
 
-namespace {
-int TwipsOf(int pixels) { return ToTwips(pixels); }
-
-// Each assignment stands alone; negative sizes are refused.
-void SetWidthTwips(QWidget* w, int twips) {
-    if (twips >= 0) w->resize(ToPixels(twips), w->height());
-}
-void SetHeightTwips(QWidget* w, int twips) {
-    if (twips >= 0) w->resize(w->width(), ToPixels(twips));
-}
-void MoveTwips(QWidget* w, int left, int top) { w->move(ToPixels(left), ToPixels(top)); }
-}  // namespace
-
-int LocalContentTop() {
-    return frmLocal.Exists() ? TwipsOf(frmLocal().trwPaths->y()) : 0;
-}
+using controls::HeightOf;
+using controls::LeftOf;
+using controls::TopOf;
+using controls::WidthOf;
 
 void FrmLocal::Form_Resize() {
-    LayoutLocalPane();
-    LayoutServerPane();
-    LayoutTransferHistory();
     controls::PlaceTwips(fraLocal, 2, 0, ScaleWidth() - 4, ScaleHeight() - 2);
 
     tlbdrvDrive->adjustSize();
-    SetWidthTwips(drvDrive, Width() - TwipsOf(tlbdrvDrive->width()) - 353);
+    controls::SetWidthOf(drvDrive, Width() - WidthOf(tlbdrvDrive) - 353);
     DoEvents();
-    MoveTwips(tlbdrvDrive, TwipsOf(drvDrive->x()) + TwipsOf(drvDrive->width()) + 60, TwipsOf(drvDrive->y()));
+    controls::SetTopOf(tlbdrvDrive, TopOf(drvDrive));
+    controls::SetLeftOf(tlbdrvDrive, LeftOf(drvDrive) + WidthOf(drvDrive) + 60);
     DoEvents();
 
     tlbLocal->adjustSize();
     tlbDirOptions->adjustSize();
-    const int localBarHeight = TwipsOf(tlbLocal->height());
-    SetWidthTwips(trwPaths, Width() - 350);
-    SetHeightTwips(trwPaths, (Height() - localBarHeight - 1080) / 2);
+    controls::SetWidthOf(trwPaths, Width() - 350);
+    controls::SetHeightOf(trwPaths, (Height() - HeightOf(tlbLocal) - 1080) / 2);
     DoEvents();
-    const int treeLeft = TwipsOf(trwPaths->x());
-    const int rowTop = TwipsOf(trwPaths->y()) + TwipsOf(trwPaths->height()) + 50;
-    MoveTwips(tlbLocal, treeLeft + TwipsOf(trwPaths->width()) - TwipsOf(tlbLocal->width()), rowTop);
+    const int rowTop = TopOf(trwPaths) + HeightOf(trwPaths) + 50;
+    controls::SetTopOf(tlbLocal, rowTop);
+    controls::SetLeftOf(tlbLocal, LeftOf(trwPaths) + WidthOf(trwPaths) - WidthOf(tlbLocal));
     DoEvents();
-    tlbDirOptions->move(treeLeft / 15 + 3, rowTop / 15);
+    // Kept: this toolbar is placed in pixels, three to the right of the
+    // tree's left edge; the combo beside it is placed from those pixels.
+    tlbDirOptions->move(ToPixels(LeftOf(trwPaths)) + 3, ToPixels(rowTop));
     DoEvents();
-    const int comboLeft = tlbDirOptions->x() * 15 + tlbDirOptions->width() * 15 + 5;
-    MoveTwips(cboLocal, comboLeft, rowTop);
-    SetWidthTwips(cboLocal, Width() - comboLeft - TwipsOf(tlbLocal->width()) - 250);
+    const int comboLeft = LeftOf(tlbDirOptions) + WidthOf(tlbDirOptions) + 5;
+    controls::SetLeftOf(cboLocal, comboLeft);
+    controls::SetTopOf(cboLocal, rowTop);
+    controls::SetWidthOf(cboLocal, Width() - comboLeft - WidthOf(tlbLocal) - 250);
     DoEvents();
-    MoveTwips(lsvDirFile, TwipsOf(lsvDirFile->x()), TwipsOf(trwPaths->y()) + TwipsOf(trwPaths->height()) + localBarHeight + 75);
-    SetHeightTwips(lsvDirFile, (Height() - localBarHeight - 1000) / 2 + 100);
-    SetWidthTwips(lsvDirFile, Width() - 350);
+    controls::SetTopOf(lsvDirFile, TopOf(trwPaths) + HeightOf(trwPaths) + HeightOf(tlbLocal) + 75);
+    controls::SetHeightOf(lsvDirFile, (Height() - HeightOf(tlbLocal) - 1000) / 2 + 100);
+    controls::SetWidthOf(lsvDirFile, Width() - 350);
     DoEvents();
 }

@@ -1,13 +1,12 @@
 #include "local/localReader.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
 #include "platform/fileio.h"
 #include "platform/localfs.h"
 #include "platform/shell.h"
-#include "server/formatters.h"
-#include "server/typeIcons.h"
+#include "shared/typeTexts.h"
 
 #include <cmath>
 #include <cstdio>
@@ -21,13 +20,6 @@ const QString kFolderType = QStringLiteral("Dateiordner");
 
 Qt::CaseSensitivity Sensitivity(bool caseSensitive) {
     return caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
-}
-
-// The text behind "|key=" up to the next "|".
-QString ValueAfter(const QString& table, qsizetype pos, const QString& key) {
-    const qsizetype start = pos + key.size() + 2;
-    const qsizetype end = table.indexOf(u'|', start);
-    return table.mid(start, end < 0 ? -1 : end - start);
 }
 
 // Kept: the download-as copy opens each newly typed file and tries to
@@ -82,7 +74,7 @@ QString DateiTypeText(const QString& sKey) {
 bool ReadLocalFolder(QString& pPath, const QString& pPattern, const LocalReaderVariant& variant) {
     if (!pPath.endsWith(u'\\') && !pPath.endsWith(u'/')) pPath += u'\\';
     const Qt::CaseSensitivity cs = Sensitivity(variant.caseSensitive);
-    QString sTypeCache = QStringLiteral("|Folder=Dateiordner|");
+    QString sTypeCache = kTypeCacheStart;
     int16_t lIconSerial = 0;
     arrLocalFiles.assign(1, tLocalEntry{});
     auto& pane = frmLocal();
@@ -114,7 +106,7 @@ bool ReadLocalFolder(QString& pPath, const QString& pPattern, const LocalReaderV
                 bool fetchPictures = false;
                 if (fixedPos >= 0) {
                     // Each of these has an icon of its own, so a key of its own.
-                    sType = ValueAfter(sFixedTypes, fixedPos, sKey);
+                    sType = TypeTextAt(sFixedTypes, fixedPos, sKey);
                     sKey += QString::number(lIconSerial);
                     ++lIconSerial;
                     fetchPictures = true;
@@ -124,7 +116,7 @@ bool ReadLocalFolder(QString& pPath, const QString& pPattern, const LocalReaderV
                     sTypeCache += sKey + u'=' + sType + u'|';
                     fetchPictures = true;
                 } else {
-                    sType = ValueAfter(sTypeCache, cachePos, sKey);
+                    sType = TypeTextAt(sTypeCache, cachePos, sKey);
                 }
                 if (fetchPictures) {
                     pane.imgListSmall->Add(sKey, GetShellIcon(SHGFI_ICON | SHGFI_SMALLICON, pPath + name));
@@ -212,14 +204,14 @@ void FillLocalRows(const LocalReaderVariant& variant) {
 
 void ViewLocalFolderWith(QString& pPath, const QString& pPattern, const LocalReaderVariant& variant,
                          const std::function<void(int)>& setPointer) {
-    setPointer(11);
+    setPointer(vbHourglass);
     frmLocal().lsvDirFile->Clear();
     if (!ReadLocalFolder(pPath, pPattern, variant)) {
-        setPointer(0);
+        setPointer(vbDefault);
         return;
     }
     // The pointer is back before the first row exists.
-    setPointer(0);
+    setPointer(vbDefault);
     DoEvents();
     FillLocalRows(variant);
 }

@@ -1,6 +1,6 @@
 // The left pane's navigation: drive box, folder tree read one level ahead,
 // the combo of visited folders and the double click, kept in step by hand.
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
 #include "local/localReader.h"
@@ -68,9 +68,9 @@ void FrmLocal::RefreshLocal() {
 
 void FrmLocal::ViewSelectedNode() {
     QString folder = CurrentFolder();
-    SetMousePointer(11);
+    SetMousePointer(vbHourglass);
     ViewFolder(folder, QStringLiteral("*.*"));
-    SetMousePointer(0);
+    SetMousePointer(vbDefault);
 }
 
 void FrmLocal::ReadDrive(const QString& pDrive) {
@@ -89,7 +89,7 @@ void FrmLocal::GetFilestrwPaths(const QString& pPath) {
     if (hFind != 0) {
         do {
             const QString name = data.cFileName;
-            if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && name != QStringLiteral(".") && name != QStringLiteral("..")) {
+            if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && name != u"." && name != u"..") {
                 arrLocalFolders.back() = tLocalFolder{name, base + name + QStringLiteral("\\")};
                 arrLocalFolders.emplace_back();
             }
@@ -110,18 +110,18 @@ void FrmLocal::trwPaths_Expand(int node) {
     const int first = trwPaths->FirstSibling(child);
     const int last = trwPaths->LastSibling(child);
     for (int i = first; i != 0 && i <= last; ++i) {
-        if (trwPaths->Tag(i) == QStringLiteral("*")) continue;
-        SetMousePointer(11);
+        if (trwPaths->Tag(i) == u"*") continue;
+        SetMousePointer(vbHourglass);
         GetFilestrwPaths(trwPaths->Key(i));
         trwPaths->SetTag(i, QStringLiteral("*"));
-        SetMousePointer(0);
+        SetMousePointer(vbDefault);
     }
 }
 
 void FrmLocal::drvDrive_Change() {
     const QString sDrive = drvDrive->Drive().left(2);
     if (!localfs::DriveExists(sDrive)) {
-        MsgBox(GetLanguageText(QStringLiteral("FRMLOCAL_INSERTDEVICE")) + u' ' + sDrive + GetLanguageText(QStringLiteral("FRMLOCAL_INTO")), 48);
+        MsgBox(GetLanguageText("FRMLOCAL_INSERTDEVICE") + u' ' + sDrive + GetLanguageText("FRMLOCAL_INTO"), vbExclamation);
         return;
     }
     localfs::ChDir(sDrive + QStringLiteral("\\"));
@@ -149,14 +149,14 @@ void FrmLocal::cboLocal_Click() {
     const QString s = cboLocal->Text().trimmed();
     QString sKey = s.size() == 3 ? s.left(2).toLower() : s.toLower();
     if (s.size() != 3 && !sKey.endsWith(u'\\')) sKey += u'\\';
-    SetMousePointer(11);
+    SetMousePointer(vbHourglass);
     const int node = sKey.size() == 2 ? 1 : trwPaths->IndexOf(sKey);
     if (node != 0) {
         trwPaths->SetExpanded(node, true);
         trwPaths->SetSelected(node);
     }
     ViewFolder(sKey, QStringLiteral("*.*"));
-    SetMousePointer(0);
+    SetMousePointer(vbDefault);
 }
 
 void FrmLocal::trwPaths_NodeClick(int node) {
@@ -198,5 +198,5 @@ void FrmLocal::lsvDirFile_DblClick() {
             if (entry >= 0) cboLocal->SetListIndex(entry);
         }
     }
-    SetMousePointer(0);
+    SetMousePointer(vbDefault);
 }

@@ -36,13 +36,13 @@ int ShowRealBox(const seams::MessageBoxCall& call) {
     // A box without a title shows the program's name, as a desktop does.
     box.setWindowTitle(call.title.isEmpty() ? QStringLiteral("Ferrydock") : call.title);
     switch (call.flags & 0x70) {
-    case 16: box.setIcon(QMessageBox::Critical); break;
-    case 48: box.setIcon(QMessageBox::Warning); break;
-    case 64: box.setIcon(QMessageBox::Information); break;
-    case 32: box.setIcon(QMessageBox::Question); break;
+    case vbCritical: box.setIcon(QMessageBox::Critical); break;
+    case vbExclamation: box.setIcon(QMessageBox::Warning); break;
+    case vbInformation: box.setIcon(QMessageBox::Information); break;
+    case vbQuestion: box.setIcon(QMessageBox::Question); break;
     default: box.setIcon(QMessageBox::NoIcon); break;
     }
-    if ((call.flags & 0x7) == 4) {
+    if ((call.flags & 0x7) == vbYesNo) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setDefaultButton(QMessageBox::Yes);
         return box.exec() == QMessageBox::Yes ? vbYes : vbNo;

@@ -6,8 +6,13 @@
 #include <QString>
 #include <functional>
 
-// Flags as the logic passes them: 0 plain, 4 Yes/No, 16 critical,
-// 48 exclamation, 64 information. Answers: 1 OK, 6 Yes, 7 No.
+// Flags as the logic passes them, buttons plus an icon; answers.
+constexpr int vbOKOnly = 0;
+constexpr int vbYesNo = 4;
+constexpr int vbCritical = 16;
+constexpr int vbQuestion = 32;
+constexpr int vbExclamation = 48;
+constexpr int vbInformation = 64;
 constexpr int vbOK = 1;
 constexpr int vbYes = 6;
 constexpr int vbNo = 7;

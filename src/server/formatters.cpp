@@ -22,11 +22,6 @@ QString Finish(const char16_t* begin, const char16_t* end) {
 }
 }  // namespace
 
-QString GetExtension(const QString& sFileName) {
-    const qsizetype dot = sFileName.lastIndexOf(u'.');
-    return dot < 0 ? sFileName : sFileName.mid(dot + 1);
-}
-
 QString FormatSizeKB(int32_t lFileSizeLow) {
     long long kb = std::llrint(double(lFileSizeLow) / 1024.0);  // half to even
     if (kb == 0) kb = 1;

@@ -1,12 +1,10 @@
-// Text forms of listing rows: extension, size, date and attribute letters.
+// Text forms of listing rows: size, date and attribute letters.
 #pragma once
 
 #include "platform/wintypes.h"
 
 #include <QString>
 
-// Text behind the last ".", the whole name when it has none.
-QString GetExtension(const QString& sFileName);
 // Kilobytes of the signed low word, halves to even, 0 shown as 1: "12 KB".
 QString FormatSizeKB(int32_t lFileSizeLow);
 // "DD.MM.YYYY HH:MM", as the time was given; no seconds.

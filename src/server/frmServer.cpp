@@ -1,32 +1,34 @@
 #include "server/frmServer.h"
 
-#include "frame/mPublic.h"
 #include "language/mDataBase.h"
 #include "platform/controls/keys.h"
+#include "platform/controls/twips.h"
 #include "platform/seams.h"
-#include "platform/shell.h"
 #include "server/serverRefresh.h"
+#include "shared/mPublic.h"
+#include "shared/toolbarButtons.h"
 
 controls::FormSlot<FrmServer> frmServer;
 
 FrmServer::FrmServer() {
-    setObjectName("frmServer");
+    setObjectName(QStringLiteral("frmServer"));
     fraServer = new QGroupBox(QStringLiteral("Mein Server"), this);
     tlbServerLinks = new controls::Toolbar(fraServer);
     cboServer = new controls::ComboBox(fraServer);
     tlbServerRechts = new controls::Toolbar(fraServer);
     lsvServer = new controls::ListView(fraServer);
-    lsvServer->setObjectName("lsvServer");
+    lsvServer->setObjectName(QStringLiteral("lsvServer"));
+    controls::SetLeftOf(lsvServer, kListLeft);
+    cboServer->resize(cboServer->width(), cboServer->sizeHint().height());
 
-    imgServerFile = new controls::ImageList(this);
-    const std::pair<const char*, const char*> commands[] = {{"del", "delete"}, {"open", "open"},
-                                                            {"new", "new-folder"}, {"oben", "up"},
-                                                            {"actualize", "refresh"}, {"download", "download"}};
-    for (const auto& [key, picture] : commands) imgServerFile->Add(QString::fromLatin1(key), shell::BundledIcon(QString::fromLatin1(picture)));
-    imgListView = new controls::ImageList(this);
-    const std::pair<const char*, const char*> views[] = {
-        {"eins", "view-large"}, {"zwei", "view-small"}, {"drei", "view-list"}, {"vier", "view-details"}};
-    for (const auto& [key, picture] : views) imgListView->Add(QString::fromLatin1(key), shell::BundledIcon(QString::fromLatin1(picture)));
+    imgServerFile = PictureList(this, {{"del", "delete"},
+                                       {"open", "open"},
+                                       {"new", "new-folder"},
+                                       {"oben", "up"},
+                                       {"actualize", "refresh"},
+                                       {"download", "download"}});
+    imgListView = PictureList(
+        this, {{"eins", "view-large"}, {"zwei", "view-small"}, {"drei", "view-list"}, {"vier", "view-details"}});
 
     cboServer->onClick = [this] { cboServer_Click(); };
     lsvServer->onDblClick = [this] { lsvServer_DblClick(); };
@@ -38,42 +40,27 @@ FrmServer::FrmServer() {
 void FrmServer::Form_Load() {
     fraServer->setTitle(GetLanguageText("FRMSERVER_FRA"));
     lsvServer->ColumnHeadersClear();
-    lsvServer->ColumnHeadersAdd(GetLanguageText("FRMSERVER_FILENAME"), 140 * 15, 0);
-    lsvServer->ColumnHeadersAdd(GetLanguageText("FRMSERVER_SIZE"), 50 * 15, 1);
-    lsvServer->ColumnHeadersAdd(GetLanguageText("FRMSERVER_TYP"), 130 * 15, 0);
-    lsvServer->ColumnHeadersAdd(GetLanguageText("FRMSERVER_CHANGED"), 120 * 15, 0);
-    lsvServer->ColumnHeadersAdd(GetLanguageText("FRMSERVER_ATTRIB"), 60 * 15, 1);
-    lsvServer->SetView(3);
+    lsvServer->ColumnHeadersAdd(GetLanguageText("FRMSERVER_FILENAME"), ToTwips(140), controls::lvwColumnLeft);
+    lsvServer->ColumnHeadersAdd(GetLanguageText("FRMSERVER_SIZE"), ToTwips(50), controls::lvwColumnRight);
+    lsvServer->ColumnHeadersAdd(GetLanguageText("FRMSERVER_TYP"), ToTwips(130), controls::lvwColumnLeft);
+    lsvServer->ColumnHeadersAdd(GetLanguageText("FRMSERVER_CHANGED"), ToTwips(120), controls::lvwColumnLeft);
+    lsvServer->ColumnHeadersAdd(GetLanguageText("FRMSERVER_ATTRIB"), ToTwips(60), controls::lvwColumnRight);
+    lsvServer->SetView(controls::lvwReport);
 
-    tlbServerLinks->SetImageList(imgServerFile);
-    const struct {
-        const char* key;
-        const char* tip;
-        bool description;
-    } links[] = {{"del", "FRMSERVER_DEL", false},      {"open", "FRMSERVER_OPEN", true},
-                 {"new", "FRMSERVER_NEWDIR", false},   {"oben", "FRMSERVER_UPPER", true},
-                 {"actualize", "FRMSERVER_REFRESH", false}, {"download", "FRMSERVER_DOWN", false}};
-    int image = 1;
-    for (const auto& b : links) {
-        auto& button = tlbServerLinks->AddButton(QString::fromLatin1(b.key), image++);
-        button.SetToolTipText(GetLanguageText(b.tip));
-        if (b.description) button.description = button.ToolTipText();
-    }
-    tlbServerRechts->SetImageList(imgListView);
-    const struct {
-        const char* key;
-        const char* tip;
-        bool description;
-    } views[] = {{"eins", "FRMSERVER_BIG", true},
-                 {"zwei", "FRMSERVER_SMALL", false},
-                 {"drei", "FRMSERVER_LIST", false},
-                 {"vier", "FRMSERVER_DETAIL", false}};
-    image = 1;
-    for (const auto& v : views) {
-        auto& button = tlbServerRechts->AddButton(QString::fromLatin1(v.key), image++);
-        button.SetToolTipText(GetLanguageText(v.tip));
-        if (v.description) button.description = button.ToolTipText();
-    }
+    // Kept: only "open" and "oben" of the commands, and only the first view
+    // button, have a description.
+    AddToolbarButtons(*tlbServerLinks, imgServerFile,
+                      {{"del", 1, "FRMSERVER_DEL", false},
+                       {"open", 2, "FRMSERVER_OPEN"},
+                       {"new", 3, "FRMSERVER_NEWDIR", false},
+                       {"oben", 4, "FRMSERVER_UPPER"},
+                       {"actualize", 5, "FRMSERVER_REFRESH", false},
+                       {"download", 6, "FRMSERVER_DOWN", false}});
+    AddToolbarButtons(*tlbServerRechts, imgListView,
+                      {{"eins", 1, "FRMSERVER_BIG"},
+                       {"zwei", 2, "FRMSERVER_SMALL", false},
+                       {"drei", 3, "FRMSERVER_LIST", false},
+                       {"vier", 4, "FRMSERVER_DETAIL", false}});
 }
 
 void FrmServer::RefreshServer(HINTERNET& h) {
@@ -88,21 +75,21 @@ void FrmServer::RefreshServerList(HINTERNET& h) {
 void FrmServer::cboServer_Click() {
     SetServerDirectory(cboServer->List(cboServer->ListIndex()));
     DoEvents();
-    SetMousePointer(11);
+    SetMousePointer(vbHourglass);
     RefreshServerList(hConnection);
     DoEvents();
-    SetMousePointer(0);
+    SetMousePointer(vbDefault);
     DoEvents();
 }
 
 void FrmServer::lsvServer_DblClick() {
     bFound = false;
     if (hConnection == 0) return;
-    SetMousePointer(11);
+    SetMousePointer(vbHourglass);
     const int selected = lsvServer->SelectedIndex();
     const QString text = lsvServer->Text(selected);
     if (!text.isEmpty()) {
-        if (text != QStringLiteral("..")) {
+        if (text != u"..") {
             // A double click enters folders only; files stay where they are.
             if (lsvServer->SubItem(selected, 1).isEmpty()) {
                 SetServerDirectory(text);
@@ -117,7 +104,7 @@ void FrmServer::lsvServer_DblClick() {
             RefreshServer(hConnection);
         }
     }
-    SetMousePointer(0);
+    SetMousePointer(vbDefault);
     SelectServerPath(GetServerDirectory(), bFound);
 }
 
@@ -127,27 +114,27 @@ void FrmServer::lsvServer_KeyDown(int& keyCode, int) {
 
 void FrmServer::tlbServerLinks_ButtonClick(const QString& key) {
     if (hConnection == 0) {
-        MsgBox(GetLanguageText("FRMSERVER_NOCONNECTION"), 64);
+        MsgBox(GetLanguageText("FRMSERVER_NOCONNECTION"), vbInformation);
         return;
     }
-    if (key == QStringLiteral("oben")) {
+    if (key == u"oben") {
         // Goes where the selected row leads: normally "..", one level up.
         // Without a selected item (an empty list) there is nothing to pass.
         if (const int selected = lsvServer->SelectedIndex(); selected != 0)
             SetServerDirectory(lsvServer->Text(selected));
         SelectServerPath(GetServerDirectory());
         RefreshServer(hConnection);
-    } else if (key == QStringLiteral("actualize")) {
-        SetMousePointer(11);
+    } else if (key == u"actualize") {
+        SetMousePointer(vbHourglass);
         RefreshServer(hConnection);
-        SetMousePointer(0);
+        SetMousePointer(vbDefault);
     }
     // "del", "open", "new" and "download" come with the server commands.
 }
 
 void FrmServer::tlbServerRechts_ButtonClick(const QString& key) {
-    if (key == QStringLiteral("eins")) lsvServer->SetView(0);
-    else if (key == QStringLiteral("zwei")) lsvServer->SetView(1);
-    else if (key == QStringLiteral("drei")) lsvServer->SetView(2);
-    else if (key == QStringLiteral("vier")) lsvServer->SetView(3);
+    if (key == u"eins") lsvServer->SetView(controls::lvwIcon);
+    else if (key == u"zwei") lsvServer->SetView(controls::lvwSmallIcon);
+    else if (key == u"drei") lsvServer->SetView(controls::lvwList);
+    else if (key == u"vier") lsvServer->SetView(controls::lvwReport);
 }

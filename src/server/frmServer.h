@@ -42,6 +42,12 @@ public:
 
 protected:
     void Form_Resize() override;
+
+private:
+    // Design places in twips: the row of toolbars and combo, the list.
+    static constexpr int kCommandsLeft = 120;
+    static constexpr int kRowTop = 270;
+    static constexpr int kListLeft = 120;
 };
 
 extern controls::FormSlot<FrmServer> frmServer;

@@ -1,29 +1,27 @@
-// Geometry of the server pane. Toolbars are placed in pixels, the rest in
-// twips, as the pane always has.
-#include "frame/layout.h"
-#include "frame/mPublic.h"
-#include "local/frmLocal.h"
+// Geometry of the server pane: the command toolbar, the path combo and the
+// view toolbar in a row, the list below. Each assignment stands alone.
 #include "platform/controls/twips.h"
 #include "server/frmServer.h"
+#include "shared/mPublic.h"
 
-namespace {
-int TwipsWidth(const QWidget* w) { return ToTwips(w->width()); }
-}  // namespace
+using controls::LeftOf;
+using controls::WidthOf;
 
 void FrmServer::Form_Resize() {
     controls::PlaceTwips(fraServer, 2, 0, ScaleWidth() - 10, ScaleHeight() - 1);
     tlbServerRechts->adjustSize();
     tlbServerLinks->adjustSize();
-    tlbServerLinks->move(8, ToPixels(270));
-    tlbServerRechts->move(ToPixels(Width() - TwipsWidth(tlbServerRechts) - 300), ToPixels(270));
-    const int comboLeft = tlbServerLinks->x() * 15 + tlbServerLinks->width() * 15 + 1;
-    cboServer->move(ToPixels(comboLeft), ToPixels(270));
+    controls::SetLeftOf(tlbServerLinks, kCommandsLeft);
+    controls::SetTopOf(tlbServerLinks, kRowTop);
+    controls::SetLeftOf(tlbServerRechts, Width() - WidthOf(tlbServerRechts) - 300);
+    controls::SetTopOf(tlbServerRechts, kRowTop);
+    const int comboLeft = LeftOf(tlbServerLinks) + WidthOf(tlbServerLinks) + 1;
+    controls::SetLeftOf(cboServer, comboLeft);
+    controls::SetTopOf(cboServer, kRowTop);
     DoEvents();
-    const int comboWidth = Width() - comboLeft - TwipsWidth(tlbServerRechts) - 350;
-    if (comboWidth >= 0) cboServer->resize(ToPixels(comboWidth), cboServer->sizeHint().height());
-    // The tops of both panes' contents stand level.
-    controls::PlaceTwips(lsvServer, 120, LocalContentTop(), Width() - 375, Height() - 850);
-    LayoutLocalPane();
-    LayoutServerPane();
-    LayoutTransferHistory();
+    controls::SetWidthOf(cboServer, Width() - comboLeft - WidthOf(tlbServerRechts) - 350);
+    // The list's top stands level with the local pane's tree; the frame's
+    // layout sets it after this.
+    controls::SetWidthOf(lsvServer, Width() - 375);
+    controls::SetHeightOf(lsvServer, Height() - 850);
 }

@@ -1,6 +1,6 @@
 #include "server/serverListing.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "platform/wininet.h"
 #include "server/formatters.h"

@@ -1,11 +1,12 @@
 #include "server/serverRefresh.h"
 
-#include "frame/mPublic.h"
-#include "frame/mdiMain.h"
 #include "language/mDataBase.h"
 #include "server/formatters.h"
 #include "server/frmServer.h"
 #include "server/serverListing.h"
+#include "server/typeIcons.h"
+#include "shared/frameControls.h"
+#include "shared/mPublic.h"
 
 #include <algorithm>
 #include <vector>
@@ -72,8 +73,8 @@ bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
     auto& list = *frmServer().lsvServer;
     int n = 0;
     ResetServerFiles();
-    list.SetIcons(mdiMain().imgListLarge);
-    list.SetSmallIcons(mdiMain().imgListSmall);
+    list.SetIcons(Frame().imgListLarge);
+    list.SetSmallIcons(Frame().imgListSmall);
     DoEvents();
     ReadServerDirectory(QStringLiteral("*.*"), hConnection);
     DoEvents();
@@ -100,7 +101,7 @@ bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
     }
 
     RowFiller rows(list, stopOnFailure);
-    if (!rows.Add(QStringLiteral(".."), QStringLiteral("zdirectoryx"))) return false;
+    if (!rows.Add(QStringLiteral(".."), kFolderPicture)) return false;
     if (upper >= 1) {
         // One text for every folder row; the catalogue can't change while
         // the rows are added.
@@ -115,7 +116,7 @@ bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
                 continue;
             }
             const FolderRow& folder = arrFolders[size_t(i)];
-            if (!rows.Add(folder.name, QStringLiteral("zdirectoryx"))) return false;
+            if (!rows.Add(folder.name, kFolderPicture)) return false;
             rows.Sub(1, QString());
             rows.Sub(2, folderType);
             rows.Sub(3, folder.date);

@@ -1,10 +1,11 @@
 #include "server/typeIcons.h"
 
-#include "frame/mdiMain.h"
 #include "platform/shell.h"
 #include "platform/tempfolder.h"
 #include "server/formatters.h"
 #include "server/frmServer.h"
+#include "shared/frameControls.h"
+#include "shared/typeTexts.h"
 
 QString CreateDummyFile(const QString& sFileName) {
     return tempfolder::MakeDummy(sFileName);
@@ -15,13 +16,6 @@ void RemoveDummyFile(const QString& sPath) {
 }
 
 namespace {
-// Text behind "|key=" up to the next "|".
-QString ValueAt(const QString& table, qsizetype pos, const QString& key) {
-    const qsizetype start = pos + key.size() + 2;
-    const qsizetype end = table.indexOf(u'|', start);
-    return table.mid(start, end < 0 ? -1 : end - start);
-}
-
 bool IsPlain(const QString& s) {
     return !s.contains(u'|') && !s.contains(u'=');
 }
@@ -49,23 +43,24 @@ void TypeCache::Append(const QString& sKey, const QString& sType) {
 }
 
 void TypeCache::BeginRead() {
-    sTypeCache = QStringLiteral("|Folder=Dateiordner|");
+    sTypeCache = kTypeCacheStart;
     pairAt_.clear();
     plain_ = true;
     lIconNumber = 0;
     // Every read looks for its temporary folder in turn again.
     tempfolder::Release();
-    auto& frame = mdiMain();
+    const FrameControls& frame = Frame();
     auto* list = frmServer().lsvServer;
     list->SetIcons(nullptr);
     list->SetSmallIcons(nullptr);
     list->SetIcons(frame.imgListLarge);
     list->SetSmallIcons(frame.imgListSmall);
+    if (!frame.imgListSmall || !frame.imgListLarge || !frame.imgDir) return;
     // From the second read on these adds fail for the existing keys.
-    frame.imgListSmall->Add(QStringLiteral("zdirectoryx"), frame.imgDir->Picture(1));
-    frame.imgListLarge->Add(QStringLiteral("zdirectoryx"), frame.imgDir->Picture(2));
-    frame.imgListSmall->Add(QStringLiteral("zunbekannty"), frame.imgDir->Picture(3));
-    frame.imgListLarge->Add(QStringLiteral("zunbekannty"), frame.imgDir->Picture(4));
+    frame.imgListSmall->Add(kFolderPicture, frame.imgDir->Picture(kSmallFolder));
+    frame.imgListLarge->Add(kFolderPicture, frame.imgDir->Picture(kLargeFolder));
+    frame.imgListSmall->Add(kUnknownPicture, frame.imgDir->Picture(kSmallUnknown));
+    frame.imgListLarge->Add(kUnknownPicture, frame.imgDir->Picture(kLargeUnknown));
 }
 
 namespace {
@@ -111,11 +106,11 @@ void TypeCache::Step(const QString& sName, bool following, QString& sType, QStri
     }
     const qsizetype lCachePos = CachePos(sKey);
     if (lCachePos >= 0 && lFixedPos < 0) {
-        sType = ValueAt(sTypeCache, lCachePos, sKey);
+        sType = TypeTextAt(sTypeCache, lCachePos, sKey);
         return;
     }
     if (lFixedPos >= 0) {
-        sType = ValueAt(sFixedTypes, lFixedPos, sKey);
+        sType = TypeTextAt(sFixedTypes, lFixedPos, sKey);
         sKey += QString::number(lIconNumber);
         ++lIconNumber;
     } else {
@@ -126,7 +121,11 @@ void TypeCache::Step(const QString& sName, bool following, QString& sType, QStri
         Append(sKey, sType);
     }
     const QString sDummy = CreateDummyFile(sName);
-    auto& frame = mdiMain();
+    const FrameControls& frame = Frame();
+    if (!frame.imgListSmall || !frame.imgListLarge) {
+        RemoveDummyFile(sDummy);
+        return;
+    }
     // An existing key refuses the add, so the shell isn't asked for it: the
     // picture a key got first stays for the whole run either way.
     if (!frame.imgListSmall->HasKey(sKey))

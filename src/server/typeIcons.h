@@ -9,14 +9,21 @@
 #include <QIcon>
 #include <QString>
 
+// Keys of the two pictures every read seeds: the folder's, and the
+// unknown file's, which no row names.
+inline const QString kFolderPicture = QStringLiteral("zdirectoryx");
+inline const QString kUnknownPicture = QStringLiteral("zunbekannty");
+// The frame's fixed pictures (imgDir), 1-based.
+constexpr int kSmallFolder = 1;
+constexpr int kLargeFolder = 2;
+constexpr int kSmallUnknown = 3;
+constexpr int kLargeUnknown = 4;
+
 // Full Windows-form path of a new (or existing) file of that name in the
 // temporary folder; "" when no location would take it.
 QString CreateDummyFile(const QString& sFileName);
 // Deletes a dummy file again; a missing one is no error.
 void RemoveDummyFile(const QString& sPath);
-
-// The fixed German type texts of the extensions whose icons differ per file.
-inline const QString sFixedTypes = QStringLiteral("|zico=Symbol|zexe=Anwendung|zlnk=Verknüpfung|zcur=Cursor|");
 
 // One directory read's memory of extensions and their type texts.
 class TypeCache {

@@ -1,6 +1,6 @@
 #include "transfer/asciiDat.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "platform/fileio.h"
 
 QString AsciiDatPath() {

@@ -62,7 +62,7 @@ void FrmASCIIListe::cmdAdd_Click() {
     if (entry.isEmpty()) return;
     // Exact comparison: an entry kept in lower case by hand is not found.
     if (Entries().contains(entry))
-        MsgBox(GetLanguageText("FRMASCIILISTE_ENTRYDA"), 64);
+        MsgBox(GetLanguageText("FRMASCIILISTE_ENTRYDA"), vbInformation);
     else
         lstASCIIList->addItem(entry);
 }
@@ -71,9 +71,9 @@ void FrmASCIIListe::cmdRemove_Click() {
     const int index = lstASCIIList->currentRow();
     if (index < 0) return;
     const QString entry = lstASCIIList->item(index)->text();
-    if (MsgBox(GetLanguageText(QStringLiteral("FRMASCIILISTE_ENTRYDEL1")) + u' ' + entry + u' ' +
+    if (MsgBox(GetLanguageText("FRMASCIILISTE_ENTRYDEL1") + u' ' + entry + u' ' +
                    GetLanguageText("FRMASCIILISTE_ENTRYDEL2"),
-               4) == vbYes)
+               vbYesNo) == vbYes)
         delete lstASCIIList->takeItem(index);
 }
 

@@ -1,10 +1,10 @@
 #include "transfer/upload.h"
 
-#include "frame/mPublic.h"
-#include "frame/mdiMain.h"
 #include "language/mDataBase.h"
 #include "platform/fileio.h"
 #include "platform/wininet.h"
+#include "shared/frameControls.h"
+#include "shared/mPublic.h"
 #include "transfer/asciiDat.h"
 
 HINTERNET hUploadFile = 0;
@@ -12,11 +12,17 @@ HINTERNET hUploadFile = 0;
 namespace {
 
 constexpr int kChunk = 255;
+constexpr int kAutoIndex = 2;  // AUTO in the transfer-mode combo
 
-// The frame is looked up at each use: an event turn in the middle of the
-// upload may have unloaded it, and a touch brings it back as it always has.
+// The timer is looked up at each use: an event turn in the middle of the
+// upload may have unloaded the frame.
 void SetWatch(bool on) {
-    mdiMain().timIsConnected->SetEnabled(on);
+    if (controls::Timer* watch = Frame().timIsConnected) watch->SetEnabled(on);
+}
+
+bool AutoMode() {
+    const controls::ComboBox* mode = Frame().cboTransferMode;
+    return mode && mode->ListIndex() == kAutoIndex;
 }
 
 bool Fail() {
@@ -52,7 +58,7 @@ bool UploadFile(QString& pLocalFile, QString& pRemoteFile) {
         return result;
     }
 
-    if (mdiMain().cboTransferMode->ListIndex() == 2) lTransferMode = IsAsciiFile(pRemoteFile) ? 1 : 2;
+    if (AutoMode()) lTransferMode = IsAsciiFile(pRemoteFile) ? FTP_TRANSFER_TYPE_ASCII : FTP_TRANSFER_TYPE_BINARY;
 
     // The server file is made before the local one is looked at, so a
     // missing local file still leaves an (empty) file on the server.

@@ -1,9 +1,9 @@
 #include "support/frame_fixture.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "frame/frmUploadDownload.h"
-#include "language/frmStart.h"
+#include "frame/frmStart.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"

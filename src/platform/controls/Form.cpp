@@ -53,13 +53,9 @@ int Form::ScaleHeight() const {
 
 void Form::resizeEvent(QResizeEvent* e) {
     QWidget::resizeEvent(e);
+    if (beforeResize) beforeResize();
     Form_Resize();
-}
-
-bool PlaceTwips(QWidget* w, int left, int top, int width, int height) {
-    if (!w || width < 0 || height < 0) return false;
-    w->setGeometry(ToPixels(left), ToPixels(top), ToPixels(width), ToPixels(height));
-    return true;
+    if (afterResize) afterResize();
 }
 
 }  // namespace controls

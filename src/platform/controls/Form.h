@@ -7,6 +7,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 namespace controls {
 
@@ -30,6 +31,11 @@ public:
     QString Caption() const { return windowTitle(); }
     void SetCaption(const QString& c) { setWindowTitle(c); }
 
+    // Run around the form's own resize handler by whoever places the form
+    // among others, so the form itself needn't know them.
+    std::function<void()> beforeResize;
+    std::function<void()> afterResize;
+
 protected:
     virtual void Form_Resize() {}
     void resizeEvent(QResizeEvent* e) override;
@@ -42,8 +48,5 @@ private:
     int read(const Twips& t, int pixels) const;
     Twips left_, top_, width_, height_;
 };
-
-// Moves and sizes any widget in twips; negative sizes are refused.
-bool PlaceTwips(QWidget* w, int left, int top, int width, int height);
 
 }  // namespace controls

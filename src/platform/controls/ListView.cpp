@@ -96,7 +96,7 @@ public:
 
 private:
     QVariant Alignment(int column) const {
-        const Qt::Alignment side = alignments_[column] == 1 ? Qt::AlignRight : Qt::AlignLeft;
+        const Qt::Alignment side = alignments_[column] == lvwColumnRight ? Qt::AlignRight : Qt::AlignLeft;
         return int(side | Qt::AlignVCenter);
     }
 
@@ -130,7 +130,7 @@ ListView::ListView(QWidget* parent)
     iconView_->setUniformItemSizes(true);
     addWidget(iconView_);
     addWidget(reportView_);
-    SetView(0);
+    SetView(lvwIcon);
 }
 
 void ListView::watch(QAbstractItemView* view) {
@@ -271,15 +271,15 @@ void ListView::Refresh() {
 }
 
 void ListView::SetView(int view) {
-    if (view < 0 || view > 3) return;
+    if (view < lvwIcon || view > lvwReport) return;
     view_ = view;
-    if (view == 3) {
+    if (view == lvwReport) {
         setCurrentWidget(reportView_);
         return;
     }
-    iconView_->setViewMode(view == 0 ? QListView::IconMode : QListView::ListMode);
-    iconView_->setIconSize(view == 0 ? QSize(32, 32) : QSize(16, 16));
-    iconView_->setFlow(view == 2 ? QListView::TopToBottom : QListView::LeftToRight);
+    iconView_->setViewMode(view == lvwIcon ? QListView::IconMode : QListView::ListMode);
+    iconView_->setIconSize(view == lvwIcon ? QSize(32, 32) : QSize(16, 16));
+    iconView_->setFlow(view == lvwList ? QListView::TopToBottom : QListView::LeftToRight);
     iconView_->setWrapping(true);
     iconView_->setResizeMode(QListView::Adjust);
     iconView_->setMovement(QListView::Static);

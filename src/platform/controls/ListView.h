@@ -20,6 +20,14 @@ class QAbstractItemView;
 
 namespace controls {
 
+// Views and column alignments.
+constexpr int lvwIcon = 0;
+constexpr int lvwSmallIcon = 1;
+constexpr int lvwList = 2;
+constexpr int lvwReport = 3;
+constexpr int lvwColumnLeft = 0;
+constexpr int lvwColumnRight = 1;
+
 class RowModel;
 
 class ListView : public QStackedWidget {

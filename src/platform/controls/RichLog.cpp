@@ -1,5 +1,6 @@
 #include "platform/controls/RichLog.h"
 
+#include "platform/controls/colors.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/twips.h"
 
@@ -8,15 +9,6 @@
 #include <QTextCursor>
 
 namespace controls {
-
-namespace {
-QColor ToQColor(uint32_t rgb) {
-    return QColor(int(rgb & 0xFF), int((rgb >> 8) & 0xFF), int((rgb >> 16) & 0xFF));
-}
-uint32_t FromQColor(const QColor& c) {
-    return uint32_t(c.red()) | (uint32_t(c.green()) << 8) | (uint32_t(c.blue()) << 16);
-}
-}  // namespace
 
 RichLog::RichLog(QWidget* parent) : QTextEdit(parent) {
     setAcceptRichText(false);

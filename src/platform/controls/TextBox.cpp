@@ -1,13 +1,44 @@
 #include "platform/controls/TextBox.h"
 
+#include "platform/controls/colors.h"
 #include "platform/controls/keys.h"
 
 #include <QKeyEvent>
+#include <QProxyStyle>
 #include <QTimer>
 
 namespace controls {
 
+namespace {
+// The desktop's style, but with the mask character asked for and no delay
+// before a typed character is hidden.
+class MaskStyle : public QProxyStyle {
+public:
+    explicit MaskStyle(QChar mask) : mask_(mask) {}
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returnData) const override {
+        if (hint == SH_LineEdit_PasswordCharacter) return mask_.unicode();
+        if (hint == SH_LineEdit_PasswordMaskDelay) return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+
+private:
+    QChar mask_;
+};
+}  // namespace
+
 TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {}
+
+void TextBox::SetPasswordChar(QChar c) {
+    if (c.isNull()) {
+        setEchoMode(QLineEdit::Normal);
+        return;
+    }
+    auto* style = new MaskStyle(c);
+    style->setParent(this);
+    setStyle(style);
+    setEchoMode(QLineEdit::Password);
+}
 
 void TextBox::SetSelStart(int pos) {
     setCursorPosition(qBound(0, pos, int(text().size())));
@@ -21,7 +52,7 @@ void TextBox::SetSelLength(int length) {
 void TextBox::SetBackColor(uint32_t rgb) {
     backColor_ = rgb;
     QPalette p = palette();
-    p.setColor(QPalette::Base, QColor(int(rgb & 0xFF), int((rgb >> 8) & 0xFF), int((rgb >> 16) & 0xFF)));
+    p.setColor(QPalette::Base, ToQColor(rgb));
     setPalette(p);
 }
 

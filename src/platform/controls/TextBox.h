@@ -21,6 +21,9 @@ public:
     void SetSelLength(int length);
     // RGB as the logic writes colours (red in the low byte).
     void SetBackColor(uint32_t rgb);
+    // PasswordChar: every character shows as `c` at once; a null character
+    // shows the text.
+    void SetPasswordChar(QChar c);
     uint32_t BackColor() const { return backColor_; }
 
     std::function<void()> onGotFocus;

@@ -44,7 +44,7 @@ int TreeView::Add(const QString& relativeKey, int relationship, const QString& k
         item = new QTreeWidgetItem(this, QStringList{text});
     } else {
         parent = IndexOf(relativeKey);
-        if (parent == 0 || relationship != 4) return 0;
+        if (parent == 0 || relationship != tvwChild) return 0;
         item = new QTreeWidgetItem(node(parent).item, QStringList{text});
     }
     nodes_.push_back({key, QString(), item, parent, image, selectedImage});

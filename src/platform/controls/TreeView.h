@@ -17,6 +17,9 @@
 
 namespace controls {
 
+// The relationship of a new node to its relative: its child.
+constexpr int tvwChild = 4;
+
 class TreeView : public QTreeWidget {
     Q_OBJECT
 public:

@@ -1,6 +1,7 @@
 // Global state of the program and the procedures every subsystem shares.
 #pragma once
 
+#include "platform/controls/colors.h"
 #include "platform/wintypes.h"
 
 #include <QString>
@@ -21,9 +22,6 @@ QString AppPath();
 void MoveLogCaretToEnd();
 void AppendLogLine(uint32_t lColour, const QString& sText);
 
-constexpr uint32_t RGB(int r, int g, int b) {
-    return uint32_t(r) | (uint32_t(g) << 8) | (uint32_t(b) << 16);
-}
 constexpr uint32_t kBlack = RGB(0, 0, 0);
 constexpr uint32_t kGreen = RGB(0, 200, 0);
 constexpr uint32_t kRed = RGB(200, 0, 0);
@@ -41,7 +39,9 @@ std::optional<int16_t> PortToInteger(const QString& sPort);
 // One turn of the event loop.
 void DoEvents();
 
-// Screen.MousePointer: 11 hourglass, 0 default.
+// Screen.MousePointer: the hourglass while long work runs, the default after.
+constexpr int vbDefault = 0;
+constexpr int vbHourglass = 11;
 void SetMousePointer(int value);
 int MousePointer();
 

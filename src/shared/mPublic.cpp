@@ -1,4 +1,4 @@
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 
 #include "language/frmTransferHistory.h"
 #include "platform/localfs.h"
@@ -66,10 +66,10 @@ int gMousePointer = 0;
 
 void SetMousePointer(int value) {
     // Balanced: at most one override cursor stands for the hourglass.
-    if (value == 11 && gMousePointer != 11) {
+    if (value == vbHourglass && gMousePointer != vbHourglass) {
         if (qobject_cast<QApplication*>(QCoreApplication::instance()))
             QApplication::setOverrideCursor(Qt::WaitCursor);
-    } else if (value != 11 && gMousePointer == 11) {
+    } else if (value != vbHourglass && gMousePointer == vbHourglass) {
         if (qobject_cast<QApplication*>(QCoreApplication::instance()))
             QApplication::restoreOverrideCursor();
     }

@@ -1,6 +1,6 @@
-#include "language/frmStart.h"
+#include "frame/frmStart.h"
 
-#include "frame/mPublic.h"
+#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
 #include "language/rtf_reader.h"

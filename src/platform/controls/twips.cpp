@@ -1,0 +1,44 @@
+#include "platform/controls/twips.h"
+
+#include <QWidget>
+
+namespace controls {
+
+int LeftOf(const QWidget* w) { return w ? ToTwips(w->x()) : 0; }
+int TopOf(const QWidget* w) { return w ? ToTwips(w->y()) : 0; }
+int WidthOf(const QWidget* w) { return w ? ToTwips(w->width()) : 0; }
+int HeightOf(const QWidget* w) { return w ? ToTwips(w->height()) : 0; }
+
+bool SetLeftOf(QWidget* w, int twips) {
+    if (!w) return false;
+    w->move(ToPixels(twips), w->y());
+    return true;
+}
+
+bool SetTopOf(QWidget* w, int twips) {
+    if (!w) return false;
+    w->move(w->x(), ToPixels(twips));
+    return true;
+}
+
+bool SetWidthOf(QWidget* w, int twips) {
+    if (!w || twips < 0) return false;
+    w->resize(ToPixels(twips), w->height());
+    return true;
+}
+
+bool SetHeightOf(QWidget* w, int twips) {
+    if (!w || twips < 0) return false;
+    w->resize(w->width(), ToPixels(twips));
+    return true;
+}
+
+bool PlaceTwips(QWidget* w, int left, int top, int width, int height) {
+    const bool l = SetLeftOf(w, left);
+    const bool t = SetTopOf(w, top);
+    const bool wi = SetWidthOf(w, width);
+    const bool h = SetHeightOf(w, height);
+    return l && t && wi && h;
+}
+
+}  // namespace controls

@@ -1,0 +1,6 @@
+#include "shared/frameControls.h"
+
+FrameControls& Frame() {
+    static FrameControls controls;
+    return controls;
+}
