@@ -160,38 +160,4 @@ TEST_F(FrameStart, ClosingTheWindowTakesTheSameWayOut) {
     EXPECT_FALSE(mdiMain.Exists());
 }
 
-class LanguageDialog : public FrameTest {
-protected:
-    QString LanguageTable() const override { return QString(); }
-};
-
-TEST_F(LanguageDialog, OffersTheFourLanguagesWithTheThirdChosenAndOkOpensTheFrame) {
-    CloseLanguageDatabase();
-    auto& dlg = frmStart();
-    ASSERT_EQ(dlg.cboSprache->ListCount(), 4);
-    EXPECT_EQ(dlg.cboSprache->List(0), "Deutsch");
-    EXPECT_EQ(dlg.cboSprache->ListIndex(), 2);
-    EXPECT_EQ(dlg.cboSprache->Text(), "English");
-    EXPECT_FALSE(dlg.rtfLizenzvereinbarungen->toPlainText().isEmpty());
-    dlg.tabStart->setCurrentIndex(2);
-    EXPECT_TRUE(dlg.picInfo->isVisibleTo(&dlg));
-    EXPECT_FALSE(dlg.picSprache->isVisibleTo(&dlg));
-
-    dlg.cboSprache->SetListIndex(0);
-    dlg.cmdOk->click();
-    Pump();
-    EXPECT_EQ(sLanguageTable, "deutsch");
-    EXPECT_TRUE(mdiMain.Exists());
-    EXPECT_FALSE(frmStart.Exists());
-    EXPECT_EQ(mdiMain().mnuMyComputer->title(), GetLanguageText("FRMLOCAL_MYCOMPUTER"));
-}
-
-TEST_F(LanguageDialog, CancelEndsWithoutAFrame) {
-    CloseLanguageDatabase();
-    frmStart().cmdAbbrechen->click();
-    Pump();
-    EXPECT_EQ(endCalls, 1);
-    EXPECT_FALSE(mdiMain.Exists());
-}
-
 }  // namespace

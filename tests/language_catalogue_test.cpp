@@ -1,8 +1,8 @@
 // The message catalogue as the build makes it, and the lookup over small
 // catalogues of the test's own.
-#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "platform/localfs.h"
+#include "support/catalogue.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -85,10 +85,6 @@ const QSet<QString> kAccessKeyCaptions = {
 const QStringList kQuestions = {"CONNECTION_CANCEL2", "FRMSERVER_NOAPP2", "FRMPUSERVER_NOAPP2", "MPUB_PROGSEL",
                                 "MSDEL_DELETEIT2",    "MSDEL_FILEDEL2",   "MSDEL_FOLDDEL2",     "FRMASCIILISTE_ENTRYDEL2"};
 
-QString BuiltCatalogue() {
-    return QStringLiteral(FERRYDOCK_PROGRAM_DIR "/lang.db");
-}
-
 // The catalogue and the chosen table are shared state; each test leaves
 // them as it found them.
 class LanguageCatalogue : public ::testing::Test {
@@ -107,39 +103,6 @@ protected:
     }
     QString savedTable_;
 };
-
-using Rows = QList<QPair<QString, QVariant>>;
-
-// A catalogue of the test's own; `languages` gets no primary key, so its
-// table order is the order of insertion, not of the ids.
-void MakeCatalogue(const QString& path, const QList<std::tuple<int, QString, QString>>& languages,
-                   const QList<QPair<QString, Rows>>& tables) {
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "makeCatalogue");
-        db.setDatabaseName(path);
-        ASSERT_TRUE(db.open());
-        QSqlQuery q(db);
-        ASSERT_TRUE(q.exec("CREATE TABLE languages (id INTEGER, tabelle TEXT, name TEXT)"));
-        for (const auto& [id, table, name] : languages) {
-            q.prepare("INSERT INTO languages VALUES (?, ?, ?)");
-            q.addBindValue(id);
-            q.addBindValue(table);
-            q.addBindValue(name);
-            ASSERT_TRUE(q.exec());
-        }
-        for (const auto& [table, rows] : tables) {
-            ASSERT_TRUE(q.exec(QString("CREATE TABLE %1 (key TEXT, inhalt TEXT)").arg(table)));
-            for (const auto& [key, text] : rows) {
-                q.prepare(QString("INSERT INTO %1 VALUES (?, ?)").arg(table));
-                q.addBindValue(key);
-                q.addBindValue(text);
-                ASSERT_TRUE(q.exec());
-            }
-        }
-        db.close();
-    }
-    QSqlDatabase::removeDatabase("makeCatalogue");
-}
 
 TEST_F(LanguageCatalogue, TheBuiltCatalogueOffersFourLanguagesWithEnglishThird) {
     OpenLanguageDatabase(localfs::ToWindows(BuiltCatalogue()));
@@ -204,10 +167,10 @@ TEST_F(LanguageCatalogue, EveryKeyTheSourceAsksForHasATextInEveryLanguage) {
 TEST_F(LanguageCatalogue, LookupsGiveTheStoredTextOrTheHashes) {
     QTemporaryDir dir;
     const QString path = dir.path() + "/c.db";
-    MakeCatalogue(path, {{1, "eins", "Eins"}, {2, "zwei", "Zwei"}},
+    ASSERT_TRUE(MakeCatalogue(path, {{1, "eins", "Eins"}, {2, "zwei", "Zwei"}},
                   {{"eins", {{"A", "text A"}, {"BLANKS", "  x  "}, {"EMPTY", ""}, {"NULL", QVariant()},
                              {"Datei", "menu"}, {"DATEI", "type"}}},
-                   {"zwei", {{"ONLY2", "y"}}}});
+                   {"zwei", {{"ONLY2", "y"}}}}));
     OpenLanguageDatabase(localfs::ToWindows(path));
     sLanguageTable = "eins";
     EXPECT_EQ(GetLanguageText("A"), "text A");
@@ -245,7 +208,7 @@ TEST_F(LanguageCatalogue, AMissingFileStaysMissingAndEveryTextIsHashes) {
 TEST_F(LanguageCatalogue, TheCatalogueIsOpenedReadOnly) {
     QTemporaryDir dir;
     const QString path = dir.path() + "/c.db";
-    MakeCatalogue(path, {{1, "eins", "Eins"}}, {{"eins", {{"A", "a"}}}});
+    ASSERT_TRUE(MakeCatalogue(path, {{1, "eins", "Eins"}}, {{"eins", {{"A", "a"}}}}));
     OpenLanguageDatabase(localfs::ToWindows(path));
     QSqlQuery q(QSqlDatabase::database("cnnLanguage"));
     EXPECT_FALSE(q.exec("DELETE FROM eins"));
@@ -256,7 +219,7 @@ TEST_F(LanguageCatalogue, TheCatalogueIsOpenedReadOnly) {
 TEST_F(LanguageCatalogue, LanguagesComeInTableOrderUntrimmedAndUpToTheLimit) {
     QTemporaryDir dir;
     const QString path = dir.path() + "/c.db";
-    MakeCatalogue(path, {{3, "de", "Deutsch"}, {1, "en   ", "English"}, {2, "fr", "Français"}}, {});
+    ASSERT_TRUE(MakeCatalogue(path, {{3, "de", "Deutsch"}, {1, "en   ", "English"}, {2, "fr", "Français"}}, {}));
     OpenLanguageDatabase(localfs::ToWindows(path));
     const auto rows = ReadLanguages(30);
     ASSERT_EQ(rows.size(), 3u);

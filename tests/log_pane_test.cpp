@@ -1,14 +1,17 @@
 // The log pane: colours of its lines, its popup, the clipboard, clearing.
 #include "support/frame_fixture.h"
 
-#include "shared/mPublic.h"
+#include "frame/mdiMain.h"
 #include "language/frmPopUpfrmTransferHistory.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
+#include "shared/mPublic.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+#include <QTest>
+#include <QWindow>
 
 namespace {
 
@@ -47,8 +50,14 @@ TEST_F(LogPane, FrameCaptionAndFontAreSet) {
     EXPECT_EQ(log().verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
 }
 
-TEST_F(LogPane, RightClickOpensThePopupWithCopyAsDefaultAndALeftClickDoesNot) {
-    frmTransferHistory().rtfTransferHistory_MouseUp(1, 0, 150, 150);
+TEST_F(LogPane, ARightClickOpensThePopupWithCopyAsDefaultAndALeftClickDoesNot) {
+    // Clicks through the window, as the desktop delivers them: a right press
+    // there also asks for a context menu.
+    QWindow* window = mdiMain().windowHandle();
+    ASSERT_NE(window, nullptr);
+    const QPoint inLog(40, 20);
+    const QPoint at = log().viewport()->mapTo(&mdiMain(), inLog);
+    QTest::mouseClick(window, Qt::LeftButton, {}, at);
     ASSERT_TRUE(frmPopUpfrmTransferHistory.Exists());  // any mouse-up loads it
     auto& popup = frmPopUpfrmTransferHistory();
     EXPECT_FALSE(popup.mnu->isVisible());
@@ -56,8 +65,9 @@ TEST_F(LogPane, RightClickOpensThePopupWithCopyAsDefaultAndALeftClickDoesNot) {
     EXPECT_EQ(popup.mnuLoeschen->text(), GetLanguageText("FRMPU_TRANS_DELETE"));
 
     log().SetText(QString());  // also on an empty log
-    frmTransferHistory().rtfTransferHistory_MouseUp(2, 0, 150, 150);
+    QTest::mouseClick(window, Qt::RightButton, {}, at);
     EXPECT_TRUE(popup.mnu->isVisible());
+    EXPECT_EQ(QApplication::activePopupWidget(), popup.mnu) << "no other menu in front of it";
     EXPECT_EQ(popup.mnu->defaultAction(), popup.mnuClipboard);
     popup.mnu->hide();
 }

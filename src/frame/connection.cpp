@@ -1,6 +1,5 @@
 // Opening the one FTP connection from the connection bar: the full connect
 // (menu, F4, toolbar) and the quick connect (Return in the password box).
-#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
@@ -8,6 +7,7 @@
 #include "platform/wininet.h"
 #include "server/frmServer.h"
 #include "server/serverRefresh.h"
+#include "shared/mPublic.h"
 
 namespace {
 const QString kAgent = QStringLiteral("brackhaven laboratories Ferrydock 1");
@@ -18,6 +18,9 @@ controls::RichLog& Log() {
 }  // namespace
 
 void MdiMain::Initialize_Internet() {
+    // Kept: the session before is overwritten without a close, and the
+    // flags go back to 0 whatever the passive box shows: every connection
+    // is made active.
     hInternet = InternetOpenA(kAgent, 0, QString(), QString(), 0);
     lConnectFlags = 0;
     hMainConnection = 0;
@@ -25,11 +28,11 @@ void MdiMain::Initialize_Internet() {
 
 bool MdiMain::OpenConnection(const QString& sServer, const QString& sPort, const QString& sUser,
                              const QString& sPassword) {
-    // Both connect sequences have just cleared hMainConnection, so the live
-    // connection is left open beside the new one.
+    // Kept: both connect sequences have just cleared hMainConnection, so the
+    // live connection is left open beside the new one.
     if (hMainConnection != 0) InternetCloseHandle(hMainConnection);
-    // A port that doesn't convert skips the assignment: the connect fails
-    // like an unreachable server.
+    // Kept: a port that doesn't convert skips the assignment, so the connect
+    // fails like an unreachable server, with no word on the port.
     if (const auto port = PortToInteger(sPort))
         hMainConnection = InternetConnectA(hInternet, sServer, *port, sUser, sPassword, INTERNET_SERVICE_FTP,
                                            lConnectFlags, 0);
@@ -69,8 +72,8 @@ void MdiMain::mnuVerbindungVerbinden_Click() {
     Initialize_Internet();
     if (OpenConnection(txtAddress->Text(), txtPort->Text(), txtUserID->Text(), txtPassword->Text())) {
         FtpSetCurrentDirectoryA(hConnection, QStringLiteral("/"));
-        // Colour before the caret move: the move takes the colour of the
-        // text before the caret, as it always has here.
+        // Kept: colour before the caret move, so a caret the user moved
+        // makes the line take the colour of the text at the end.
         Log().SetSelColor(kGreen);
         MoveLogCaretToEnd();
         Log().SetSelText(GetLanguageText("CONNECTION_TO") + u' ' + txtAddress->Text() + u' ' +
@@ -78,6 +81,7 @@ void MdiMain::mnuVerbindungVerbinden_Click() {
         Log().SetSelColor(kBlack);
         RefreshServer(hConnection);
     } else {
+        // Kept: colour before the caret move here too.
         Log().SetSelColor(kRed);
         MoveLogCaretToEnd();
         Log().SetSelText(GetLanguageText("NOT_ESTABLISHED") + vbCrLf);
@@ -87,6 +91,8 @@ void MdiMain::mnuVerbindungVerbinden_Click() {
                vbExclamation);
     }
     SetMousePointer(vbDefault);
+    // Kept: the boxes stay disabled; only a button of tlbConnect enables
+    // them again.
 }
 
 void MdiMain::QuickConnect() {
@@ -95,6 +101,7 @@ void MdiMain::QuickConnect() {
         txtAddress->SetFocus();
         return;
     }
+    // Kept: the port is neither checked nor disabled on this route.
     SetMousePointer(vbHourglass);
     txtAddress->SetEnabled(false);
     txtUserID->SetEnabled(false);
@@ -105,6 +112,7 @@ void MdiMain::QuickConnect() {
     Initialize_Internet();
     if (OpenConnection(txtAddress->Text(), txtPort->Text(), txtUserID->Text(), txtPassword->Text())) {
         FtpSetCurrentDirectoryA(hConnection, QStringLiteral("/"));
+        // Kept: this route writes its first line once the connection stands.
         MoveLogCaretToEnd();
         Log().SetSelColor(kBlack);
         Log().SetSelText(GetLanguageText("CONNECT_WITH") + u' ' + txtAddress->Text() + QStringLiteral(" ...") + vbCrLf);
@@ -121,6 +129,7 @@ void MdiMain::QuickConnect() {
 }
 
 void MdiMain::tlbConnect_ButtonClick(const QString& key) {
+    // Kept: whatever the button, the four boxes are enabled afterwards.
     if (key == u"connect")
         mnuVerbindungVerbinden_Click();
     else if (key == u"ascii")
@@ -139,7 +148,8 @@ void MdiMain::chkPassiveTransfer_Click() {
         Log().SetSelText(GetLanguageText("PASSIVE_TRANSER_OFF") + vbCrLf);
     } else {
         lConnectFlags = INTERNET_FLAG_PASSIVE;
-        // No caret move on this side: the line lands where the caret stands.
+        // Kept: no caret move on this side; the line lands where the caret
+        // stands.
         Log().SetSelColor(kBlue);
         Log().SetSelText(GetLanguageText("PASSIVE_TRANSER_ON") + vbCrLf);
     }

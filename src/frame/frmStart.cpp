@@ -1,11 +1,11 @@
 #include "frame/frmStart.h"
 
-#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
 #include "language/rtf_reader.h"
 #include "platform/seams.h"
 #include "platform/shell.h"
+#include "shared/mPublic.h"
 
 #include <QHBoxLayout>
 #include <QStackedLayout>
@@ -24,7 +24,7 @@ QLabel* InfoLabel(const QString& text, QWidget* parent, int pointSize) {
 }  // namespace
 
 FrmStart::FrmStart() {
-    setObjectName("frmStart");
+    setObjectName(QStringLiteral("frmStart"));
     // Written in all languages at once: none has been chosen yet.
     setWindowTitle(QStringLiteral("Bitte wählen Sie Ihre Sprache"));
     shell::EnsureIconTheme();
@@ -41,9 +41,14 @@ FrmStart::FrmStart() {
     tabStart->addTab(QStringLiteral("Sprache/Language/Langue/Idioma"));
     tabStart->addTab(QStringLiteral("Lizenzvereinbarungen/Licence Agreement"));
     tabStart->addTab(QStringLiteral("Info ..."));
+    // All three tabs show at once, without scroll arrows: the dialog is at
+    // least as wide as they are.
+    tabStart->setExpanding(false);
+    tabStart->setUsesScrollButtons(false);
+    tabStart->setMinimumWidth(tabStart->sizeHint().width());
     right->addWidget(tabStart);
 
-    auto* pages = new QStackedLayout;
+    pages = new QStackedLayout;
     right->addLayout(pages, 1);
 
     picSprache = new QWidget(this);
@@ -89,29 +94,29 @@ FrmStart::FrmStart() {
     connect(cmdOk, &QPushButton::clicked, this, [this] { cmdOk_Click(); });
     connect(cmdAbbrechen, &QPushButton::clicked, this, [this] { cmdAbbrechen_Click(); });
     resize(720, 380);
-    tabStart->setExpanding(false);
 }
 
 void FrmStart::Form_Load() {
     OpenLanguageDatabase(LanguageDatabasePath());
     cboSprache->Clear();
     for (const LanguageRow& row : ReadLanguages(30)) cboSprache->AddItem(row.displayName);
-    // Fewer than three languages: the assignment fails and nothing is chosen.
+    // Kept: with fewer than three languages the assignment fails and
+    // nothing is chosen.
     cboSprache->SetListIndex(2);
     LoadRtfFile(AppPath() + QStringLiteral("\\Dateien\\la.rtf"), rtfLizenzvereinbarungen);
 }
 
 void FrmStart::tabStart_Click() {
+    // The page of the chosen tab is the one shown; the others are hidden.
+    QWidget* const page[] = {picSprache, picLizenzvereinbarungen, picInfo};
     const int tab = tabStart->currentIndex();
-    picSprache->setVisible(tab == 0);
-    picLizenzvereinbarungen->setVisible(tab == 1);
-    picInfo->setVisible(tab == 2);
+    if (tab >= 0 && tab < 3) pages->setCurrentWidget(page[tab]);
 }
 
 void FrmStart::cmdOk_Click() {
     hide();
-    // Up to 20 rows, fewer than the 30 the list may show: a language beyond
-    // the twentieth can be listed but not chosen.
+    // Kept: up to 20 rows, fewer than the 30 the list may show; a language
+    // beyond the twentieth can be listed but not chosen.
     const std::vector<LanguageRow> rows = ReadLanguages(20);
     const QString chosen = cboSprache->List(cboSprache->ListIndex());
     for (const LanguageRow& row : rows) {
@@ -125,6 +130,7 @@ void FrmStart::cmdOk_Click() {
 }
 
 void FrmStart::cmdAbbrechen_Click() {
+    // Kept: the language database isn't closed first.
     frmStart.Unload();
     EndProgram();
 }

@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
+#include <QStackedLayout>
 #include <QTabBar>
 #include <QTextEdit>
 
@@ -39,6 +40,9 @@ public:
     void tabStart_Click();
     void cmdOk_Click();
     void cmdAbbrechen_Click();
+
+private:
+    QStackedLayout* pages = nullptr;
 };
 
 extern controls::FormSlot<FrmStart> frmStart;

@@ -111,9 +111,10 @@ void MdiMain::Form_Load() {
 void MdiMain::Form_Unload() {
     timIsConnected->SetEnabled(false);
     CloseLanguageDatabase();
-    // Also on the way through File > Exit, which closed it already: the
-    // second close fails quietly.
+    // Kept: also on the way through File > Exit, which closed it already;
+    // the second close fails quietly, and the handle is never cleared.
     InternetCloseHandle(hConnection);
+    // Kept: frmUploadDownload isn't named; it goes with the frame.
     frmLocal.Unload();
     frmServer.Unload();
     frmTransferHistory.Unload();

@@ -47,7 +47,8 @@ void MdiMain::BuildMenus() {
         Sub(menuBar, mnuVerbindung, "mnuVerbindungPassiverTransfer", "&Passiver Transfer");
     mnuVerbindungTransfertypEin = Entry(mnuVerbindungPassiverTransfer, "mnuVerbindungTransfertypEin", "&Ein");
     mnuVerbindungTransfertypAus = Entry(mnuVerbindungPassiverTransfer, "mnuVerbindungTransfertypAus", "&Aus");
-    // Ticked by design and never touched again: the two entries have no work.
+    // Kept: ticked by design and never touched again; the two entries have
+    // no work and don't follow the passive box.
     mnuVerbindungTransfertypEin->setCheckable(true);
     mnuVerbindungTransfertypAus->setCheckable(true);
     mnuVerbindungTransfertypAus->setChecked(true);

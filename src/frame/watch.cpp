@@ -1,11 +1,11 @@
 // The watch over the connection and the silent reconnect.
 #include "frame/watch.h"
 
-#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
 #include "platform/seams.h"
 #include "platform/wininet.h"
+#include "shared/mPublic.h"
 
 namespace {
 const QString kReconnectAgent = QStringLiteral("BRACKHAVEN Ferrydock 1");
@@ -21,6 +21,7 @@ void MdiMain::timIsConnected_Timer() {
 }
 
 void Reinitialize_Internet() {
+    // Kept: active again, whatever the passive box shows.
     hInternetReconnect = InternetOpenA(kReconnectAgent, 0, QString(), QString(), 0);
     lConnectFlags = 0;
     auto& frame = mdiMain();
@@ -29,7 +30,8 @@ void Reinitialize_Internet() {
     const QString user = frame.txtUserID->Text();
     const QString password = frame.txtPassword->Text();
     if (ReopenConnection(server, port, user, password)) {
-        (void)frame.chkPassiveTransfer->Value();  // read, and nothing hangs on it
+        // Kept: the passive box is read, and nothing hangs on it.
+        (void)frame.chkPassiveTransfer->Value();
         FtpSetCurrentDirectoryA(hConnection, QStringLiteral("/"));
     } else {
         MsgBox(GetLanguageText("MPUB_NOCONN1") + vbCrLf + GetLanguageText("MPUB_NOCONN2") + vbCrLf +

@@ -15,6 +15,10 @@ RichLog::RichLog(QWidget* parent) : QTextEdit(parent) {
     setUndoRedoEnabled(false);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    // No menu of the toolkit's own: it would open on the press and take the
+    // release, and the logic's popup opens on the release.
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    viewport()->setContextMenuPolicy(Qt::PreventContextMenu);
 }
 
 QString RichLog::Text() const {
