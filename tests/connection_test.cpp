@@ -108,7 +108,7 @@ TEST_F(Connect, UnreachableServerFailsWithTheRedLineAndTheExclamationBox) {
     EXPECT_EQ(frmTransferHistory().rtfTransferHistory->SelColor(), kBlack);
 }
 
-TEST_F(Connect, PortsThatDontConvertFailLikeAnUnreachableServer) {
+TEST_F(Connect, PortsThatDontConvertFailLikeAnUnreachableServerAndHexPortsConnect) {
     FtpServer server(FtpServer::Kind::Pyftpdlib);
     for (const QString port : {"ftp", "32768", "65000"}) {
         boxes.clear();
@@ -128,6 +128,10 @@ TEST_F(Connect, PortsThatDontConvertFailLikeAnUnreachableServer) {
     EXPECT_EQ(boxes[0].flags, 48);
     // The quick connect writes nothing on failure: the log is empty.
     EXPECT_TRUE(LogLines().empty());
+
+    FillBar(server, "&H" + QString::number(server.port(), 16).toUpper());
+    mdiMain().QuickConnect();
+    EXPECT_NE(hConnection, 0u);
 }
 
 TEST_F(Connect, ASecondConnectLeavesTheFirstConnectionOpenBesideIt) {

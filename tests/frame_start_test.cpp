@@ -139,6 +139,18 @@ TEST(PortToInteger, ReadsPortsAsA16BitSignedInteger) {
     EXPECT_FALSE(PortToInteger("65535"));
     EXPECT_FALSE(PortToInteger("ftp"));
     EXPECT_FALSE(PortToInteger(""));
+    // Hexadecimal and octal forms; up to 16 bits they are the bit pattern.
+    EXPECT_EQ(PortToInteger("&H15"), 21);
+    EXPECT_EQ(PortToInteger(" &h7fff "), 32767);
+    EXPECT_EQ(PortToInteger("&HFFFF"), -1);
+    EXPECT_EQ(PortToInteger("&H8000"), -32768);
+    EXPECT_EQ(PortToInteger("&O25"), 21);
+    EXPECT_EQ(PortToInteger("&HFFFFFFFF"), -1);
+    EXPECT_FALSE(PortToInteger("&H10000"));
+    EXPECT_FALSE(PortToInteger("&H"));
+    EXPECT_FALSE(PortToInteger("&HXY"));
+    EXPECT_FALSE(PortToInteger("&O8"));
+    EXPECT_FALSE(PortToInteger("&21"));
 }
 
 TEST_F(FrameStart, ExitByTheMenuEndsTheProgramAndUnloadsTheForms) {

@@ -43,11 +43,32 @@ bool SetServerDirectory(const QString& sPath) {
     return FtpSetCurrentDirectoryA(hConnection, sPath);
 }
 
+namespace {
+// "&H" (hexadecimal) and "&O" (octal) numbers: up to 16 bits they are the
+// 16-bit pattern (&HFFFF is -1), up to 32 bits the 32-bit one, which then
+// has to lie in the 16-bit range.
+std::optional<int16_t> BasedToInteger(const QString& t) {
+    const QChar kind = t.size() > 2 ? t[1].toUpper() : QChar();
+    const int base = kind == u'H' ? 16 : kind == u'O' ? 8 : 0;
+    if (base == 0) return std::nullopt;
+    bool ok = false;
+    const qulonglong v = t.mid(2).toULongLong(&ok, base);
+    if (!ok || t[2] == u'+' || t[2] == u'-' || t[2].isSpace()) return std::nullopt;
+    if (v <= 0xFFFF) return static_cast<int16_t>(static_cast<uint16_t>(v));
+    if (v > 0xFFFFFFFF) return std::nullopt;
+    const auto wide = static_cast<int32_t>(static_cast<uint32_t>(v));
+    if (wide < -32768 || wide > 32767) return std::nullopt;
+    return static_cast<int16_t>(wide);
+}
+}  // namespace
+
 std::optional<int16_t> PortToInteger(const QString& sPort) {
-    // The classic conversion: blanks around are fine, a decimal fraction
-    // rounds half to even, anything else or out of range is an error.
+    // Blanks around are fine, a decimal fraction rounds half to even, "&H"
+    // and "&O" forms are read by their base; anything else or a value out
+    // of range is an error.
     const QString t = sPort.trimmed();
     if (t.isEmpty()) return std::nullopt;
+    if (t.startsWith(u'&')) return BasedToInteger(t);
     bool ok = false;
     const double v = t.toDouble(&ok);
     if (!ok || !std::isfinite(v)) return std::nullopt;

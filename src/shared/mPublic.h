@@ -32,8 +32,9 @@ inline const QString vbCrLf = QStringLiteral("\r\n");
 QString GetServerDirectory();
 bool SetServerDirectory(const QString& sPath);
 
-// A port text as the classic 16-bit integer conversion reads it: nothing
-// for letters, empty text or values outside -32768..32767.
+// A port text as a 16-bit integer conversion of text reads it: decimal,
+// "&H" hexadecimal or "&O" octal; nothing for letters, empty text or values
+// outside -32768..32767.
 std::optional<int16_t> PortToInteger(const QString& sPort);
 
 // One turn of the event loop.
