@@ -92,7 +92,7 @@ TEST(AsciiDatReader, CommasQuotesBlanksAndLineEnds) {
     EXPECT_EQ(ReadFields(""), QStringList());
 }
 
-TEST_F(Transfer, TheNameTestIsASubstringTestAndAMissingListMatchesNothing) {
+TEST_F(Transfer, TheNameTestIsASubstringTestAndWithoutAListAPointMeansText) {
     ASSERT_TRUE(WriteAsciiDat({"TXT", "htm"}));
     EXPECT_EQ(Bytes(DatFile()), "TXT\r\nhtm\r\n");
     for (const char* name : {"A.TXT", "a.txt.bak", "a.txtold", "x.HTML", "archiv.txt.gz"}) EXPECT_TRUE(IsAsciiFile(name)) << name;
@@ -100,9 +100,14 @@ TEST_F(Transfer, TheNameTestIsASubstringTestAndAMissingListMatchesNothing) {
     Put(DatFile(), "ZZZ\r\n\r\nJPG,PNG\r\n");  // the empty entry takes any point
     EXPECT_TRUE(IsAsciiFile("a.gif"));
     EXPECT_FALSE(IsAsciiFile("photo"));
+    // Without a list that can be read, a point makes text; a name without
+    // one goes binary, and the loop ends.
     ASSERT_TRUE(QFile::remove(DatFile()));
-    EXPECT_FALSE(IsAsciiFile("nopoint"));  // the classic loop never ended here
-    EXPECT_FALSE(IsAsciiFile("a.txt"));
+    EXPECT_FALSE(IsAsciiFile("nopoint"));
+    EXPECT_TRUE(IsAsciiFile("a.bin"));
+    ASSERT_TRUE(QDir().mkdir(DatFile()));
+    EXPECT_TRUE(IsAsciiFile("photo.jpg"));
+    EXPECT_FALSE(IsAsciiFile("README"));
 }
 
 TEST_F(Transfer, StartUpTicksNothingAndComboAndMenuKeepInStep) {

@@ -18,8 +18,8 @@ QStringList ReadFields(const QByteArray& text) {
     const QString s = QString::fromLocal8Bit(text);
     const qsizetype n = s.size();
     qsizetype i = 0;
-    // Each pass is one read: the loop asks for the end first, like the
-    // classic loop over the file does.
+    // Each pass is one read: the loop asks for the end first, as a loop
+    // over the file does.
     while (i < n) {
         while (i < n && (s[i] == u' ' || s[i] == u'\t')) ++i;
         QString field;
@@ -45,12 +45,12 @@ QStringList ReadFields(const QByteArray& text) {
     return fields;
 }
 
-QStringList ReadAsciiDat() {
-    // A missing list is no list: the classic loop over a missing file never
-    // ended, this one has nothing to read.
+bool ReadAsciiDat(QStringList& entries) {
     QByteArray text;
-    if (!ReadWholeFile(AsciiDatPath(), text)) return {};
-    return ReadFields(text);
+    entries.clear();
+    if (!ReadWholeFile(AsciiDatPath(), text)) return false;
+    entries = ReadFields(text);
+    return true;
 }
 
 bool WriteAsciiDat(const QStringList& entries) {

@@ -48,7 +48,11 @@ void FrmASCIIListe::Form_Load() {
     cmdUebernehmen->setText(GetLanguageText("FERMASCIILISTE_TAKE"));
     cmdAbbrechen->setText(GetLanguageText("FERMASCIILISTE_CANCEL"));
     lstASCIIList->clear();
-    lstASCIIList->addItems(ReadAsciiDat());
+    // Kept: an unreadable list added empty entries for ever; here the
+    // dialog opens empty instead.
+    QStringList entries;
+    ReadAsciiDat(entries);
+    lstASCIIList->addItems(entries);
 }
 
 QStringList FrmASCIIListe::Entries() const {

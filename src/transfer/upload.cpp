@@ -41,8 +41,15 @@ QString TrimBlanks(const QString& s) {
 }
 
 bool IsAsciiFile(const QString& pFileName) {
-    for (const QString& sLine : ReadAsciiDat())
-        if (pFileName.contains(QLatin1Char('.') + sLine, Qt::CaseInsensitive)) return true;
+    QStringList entries;
+    if (!ReadAsciiDat(entries)) {
+        // Kept: a list that can't be read gives empty fields, and the needle
+        // "." takes a name with a point at once. A name without one never
+        // ended that loop; here it goes binary.
+        return pFileName.contains(u'.');
+    }
+    for (const QString& sLine : entries)
+        if (pFileName.contains(u'.' + sLine, Qt::CaseInsensitive)) return true;
     return false;
 }
 

@@ -9,12 +9,12 @@
 // failure, and a nested upload overwrites it.
 extern HINTERNET hUploadFile;
 
-// The classic Trim: blanks only; tabs and line ends stay.
+// Trim: blanks only; tabs and line ends stay.
 QString TrimBlanks(const QString& s);
 
 // True when "." and an entry of ascii.dat occur anywhere in the name,
 // ignoring case (TXT matches a.txt, a.txt.bak and a.txtold). Reads the list
-// afresh; a missing list matches nothing.
+// afresh; without a readable list a name with a point is true.
 bool IsAsciiFile(const QString& pFileName);
 
 // Trims both names in place and sends the local file under the remote name
