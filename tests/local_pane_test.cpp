@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimeZone>
 #include <ctime>
 
@@ -38,6 +39,12 @@ protected:
     static controls::TreeView& tree() { return *frmLocal().trwPaths; }
     static QStringList Rows() { return RowTexts(list()); }
     static int RowOf(const QString& text) { return FrameTest::RowOf(list(), text); }
+    // A click on the node's row, as the user makes it.
+    static void ClickNode(int index) {
+        const QRect row = tree().NodeRect(index);
+        ASSERT_FALSE(row.isEmpty());
+        QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, row.center());
+    }
     void View(const QString& path) {
         QString p = path;
         frmLocal().ViewFolder(p, "*.*");
@@ -183,15 +190,28 @@ TEST_F(LocalPane, NodeClickAndDoubleClickKeepTreeComboAndListInStep) {
     ASSERT_NE(ours, 0);
 
     pane.cboLocal->Clear();
+    pane.SetWidth(9000);
+    pane.SetHeight(8000);
+    pane.show();
     // The new combo entry's click reads the folder, then the node click
     // reads it again: each read repaints once at its first row.
     int reads = list().RefreshCount();
-    tree().ClickNode(ours);
+    ClickNode(ours);
     EXPECT_EQ(list().RefreshCount() - reads, 2);
     EXPECT_EQ(pane.cboLocal->ListCount(), 1);
     EXPECT_EQ(pane.cboLocal->List(0), ourKey.left(ourKey.size() - 1));
     EXPECT_EQ(Rows(), QStringList({"Alpha", "top.txt"}));
     EXPECT_EQ(pane.CurrentFolder(), Win() + "\\");
+
+    // Clicked again, the node's entry is found and assigned twice, each
+    // time with the combo's click: a collapsed node opens again.
+    tree().collapseItem(tree().currentItem());
+    ASSERT_FALSE(tree().Expanded(ours));
+    reads = list().RefreshCount();
+    ClickNode(ours);
+    EXPECT_EQ(list().RefreshCount() - reads, 3);
+    EXPECT_TRUE(tree().Expanded(ours));
+    EXPECT_EQ(pane.cboLocal->ListCount(), 1);
 
     // A double click on a file changes nothing.
     list().DoubleClickRow(RowOf("top.txt"));

@@ -68,6 +68,7 @@ protected:
 
 private:
     void ViewSelectedNode();
+    void AssignComboIndex(int index);
     void ChooseStartDrive();
 };
 

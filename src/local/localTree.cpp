@@ -159,18 +159,29 @@ void FrmLocal::cboLocal_Click() {
     SetMousePointer(vbDefault);
 }
 
+// Kept: here each assignment of the combo's index raises its click, also
+// one of the index it holds already; the click expands and selects the
+// node again and reads its folder.
+void FrmLocal::AssignComboIndex(int index) {
+    if (index == cboLocal->ListIndex())
+        cboLocal_Click();
+    else
+        cboLocal->SetListIndex(index);
+}
+
 void FrmLocal::trwPaths_NodeClick(int node) {
     QString sKey = trwPaths->Key(node);
     if (sKey.endsWith(u'\\') && sKey.size() > 3) sKey.chop(1);
     if (sKey.endsWith(u':')) sKey += u'\\';
     const int found = ComboIndexOf(*cboLocal, sKey);
-    if (found >= 0) cboLocal->SetListIndex(found);
+    if (found >= 0) AssignComboIndex(found);
     else cboLocal->AddItem(sKey);
     cboLocal->update();
-    // Assigned a second time even when found; the read that counts is the
-    // last one, with the real case of the node texts.
+    // Kept: assigned a second time even when found, so one click reads the
+    // folder up to three times; the read that counts is the last, with the
+    // real case of the node texts.
     const int entry = ComboIndexOf(*cboLocal, sKey);
-    if (entry >= 0) cboLocal->SetListIndex(entry);
+    if (entry >= 0) AssignComboIndex(entry);
     ViewSelectedNode();
 }
 

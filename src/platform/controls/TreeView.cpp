@@ -160,6 +160,12 @@ int TreeView::HitTest(int xTwips, int yTwips) const {
     return indexOfItem(itemAt(ToPixels(xTwips), ToPixels(yTwips)));
 }
 
+QRect TreeView::NodeRect(int index) {
+    if (!valid(index)) return {};
+    scrollToItem(node(index).item);
+    return visualItemRect(node(index).item);
+}
+
 void TreeView::ClickNode(int index) {
     if (!valid(index)) return;
     setCurrentItem(node(index).item);

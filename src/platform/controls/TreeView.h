@@ -69,6 +69,8 @@ public:
 
     // A user's click on a node: selects it and raises onNodeClick.
     void ClickNode(int index);
+    // Scrolls the node into view: its row in the viewport, empty for none.
+    QRect NodeRect(int index);
 
     std::function<void(int index)> onExpand;
     std::function<void(int index)> onNodeClick;
