@@ -7,7 +7,7 @@
 controls::FormSlot<FrmPopUpfrmTransferHistory> frmPopUpfrmTransferHistory;
 
 namespace {
-// The rich-text clipboard format; the data stays plain text.
+// Kept: the rich-text clipboard format, though the data stays plain text.
 constexpr int kRichTextFormat = -16639;
 }
 

@@ -10,7 +10,8 @@ void FrmTransferHistory::Form_Resize() {
 }
 
 void FrmTransferHistory::rtfTransferHistory_MouseUp(int button, int, int x, int y) {
-    // Every mouse-up touches the popup form, which loads it the first time.
+    // Kept: every mouse-up, of any button, touches the popup form (which
+    // loads it the first time) and hides its menu.
     auto& popup = frmPopUpfrmTransferHistory();
     popup.mnu->setVisible(false);
     if (button != 2) return;

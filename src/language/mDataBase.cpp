@@ -66,7 +66,8 @@ QString GetLanguageText(const QString& sKey) {
     QSqlDatabase db = Connection();
     if (!db.isOpen() || sLanguageTable.isEmpty()) return kMissingText;
     QSqlQuery q(db);
-    // The key goes in as it stands: keys are the program's own literals.
+    // Kept: the key goes into the statement as it stands; keys are the
+    // program's own literals.
     if (!q.exec(QStringLiteral("SELECT inhalt FROM ") + sLanguageTable + QStringLiteral(" WHERE key = '") + sKey +
                 QStringLiteral("'")) ||
         !q.next())

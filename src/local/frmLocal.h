@@ -67,6 +67,14 @@ protected:
     void Form_Resize() override;
 
 private:
+    // Pictures of the tree's nodes in imgImages.
+    static constexpr int kRootImage = 1;
+    static constexpr int kFolderImage = 2;
+    static constexpr int kOpenFolderImage = 3;
+    // Where the tree's first row stands, in twips.
+    static constexpr int kFirstRowX = 675;
+    static constexpr int kFirstRowY = 105;
+
     void ViewSelectedNode();
     void AssignComboIndex(int index);
     void ChooseStartDrive();

@@ -65,8 +65,8 @@ QString FormatLocalAttributes(uint32_t a, bool withDirectory, bool directoryBefo
 }
 
 QString DateiTypeText(const QString& sKey) {
-    // Keys of 3 to 11 characters lose their "z"; shorter and longer ones
-    // keep it. The uneven limit is how the pane has always named them.
+    // Kept: keys of 3 to 11 characters lose their "z", shorter and longer
+    // ones keep it; the pane names them by this uneven limit.
     const QString stem = sKey.size() >= 3 && sKey.size() <= 11 ? sKey.mid(1) : sKey;
     return stem.toUpper() + QStringLiteral("-Datei");
 }
@@ -85,8 +85,8 @@ bool ReadLocalFolder(QString& pPath, const QString& pPattern, const LocalReaderV
 
     bool folderSeen = false;
     WIN32_FIND_DATA data;
-    // Tested against 0 only: a failed search gives -1, runs the loop once
-    // over the zeroed record and leaves a row without a name.
+    // Kept: tested against 0 only; a failed search gives -1, runs the loop
+    // once over the zeroed record and leaves a row without a name.
     const HANDLE hFind = FindFirstFileA(pPath + pPattern, data);
     if (hFind != 0) {
         do {
@@ -186,8 +186,8 @@ void FillLocalRows(const LocalReaderVariant& variant) {
     int row = 0;
     for (int i = 0; i < upper; ++i) {
         const tLocalEntry& e = arrLocalFiles[size_t(i)];
-        // A row whose picture key the list lacks isn't added; the sub-items
-        // that follow then go to the row before, as they always did.
+        // Kept: a row whose picture key the list lacks isn't added; the
+        // sub-items that follow then go to the row before.
         if (const int added = list.Add(e.sName, e.sKey, e.sKey)) row = added;
         if (e.sKey.compare(kFolderKey, cs) != 0)
             list.SetSubItem(row, 1, QString::number(e.lSize / 1024 + 1) + QStringLiteral(" KB"));

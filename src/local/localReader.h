@@ -70,6 +70,6 @@ QString FormatLocalAttributes(uint32_t lAttributes, bool withDirectory = true, b
 // "TXT-Datei": the type text of an extension the shell has no name for.
 QString DateiTypeText(const QString& sKey);
 
-// The middle of lLow..lHigh rounded as the classic conversion does: halves
-// go to the even neighbour.
+// The middle of lLow..lHigh rounded as a conversion to a whole number does:
+// halves go to the even neighbour.
 int PivotIndex(int lLow, int lHigh);

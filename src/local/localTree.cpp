@@ -76,7 +76,7 @@ void FrmLocal::ViewSelectedNode() {
 void FrmLocal::ReadDrive(const QString& pDrive) {
     const QString drive = pDrive.toLower();
     trwPaths->Clear();
-    trwPaths->Add(QString(), 0, drive, drive.left(2), 1, 1);
+    trwPaths->Add(QString(), 0, drive, drive.left(2), kRootImage, kRootImage);
     GetFilestrwPaths(drive);
     trwPaths->SetExpanded(1, true);
 }
@@ -101,7 +101,8 @@ void FrmLocal::GetFilestrwPaths(const QString& pPath) {
     QuickSortLocalFolders(arrLocalFolders, 0, upper - 1);
     // A node read before already has these children: the adds fail.
     for (int i = 0; i < upper; ++i)
-        trwPaths->Add(pPath, 4, arrLocalFolders[size_t(i)].sPath.toLower(), arrLocalFolders[size_t(i)].sName, 2, 3);
+        trwPaths->Add(pPath, controls::tvwChild, arrLocalFolders[size_t(i)].sPath.toLower(),
+                      arrLocalFolders[size_t(i)].sName, kFolderImage, kOpenFolderImage);
 }
 
 void FrmLocal::trwPaths_Expand(int node) {
@@ -121,7 +122,9 @@ void FrmLocal::trwPaths_Expand(int node) {
 void FrmLocal::drvDrive_Change() {
     const QString sDrive = drvDrive->Drive().left(2);
     if (!localfs::DriveExists(sDrive)) {
-        MsgBox(GetLanguageText("FRMLOCAL_INSERTDEVICE") + u' ' + sDrive + GetLanguageText("FRMLOCAL_INTO"), vbExclamation);
+        // Kept: no blank between the drive and the second text.
+        MsgBox(GetLanguageText("FRMLOCAL_INSERTDEVICE") + u' ' + sDrive + GetLanguageText("FRMLOCAL_INTO"),
+               vbExclamation);
         return;
     }
     localfs::ChDir(sDrive + QStringLiteral("\\"));
@@ -133,16 +136,18 @@ void FrmLocal::drvDrive_Change() {
 }
 
 void FrmLocal::ChooseStartDrive() {
-    // The fixed order of the classic start: the floppy comes last.
+    // Kept: a fixed order of drives, the floppy last after g:.
     QString tried;
     for (const char* drive : {"c:\\", "d:\\", "e:\\", "f:\\", "g:\\", "a:\\"}) {
         tried = QString::fromLatin1(drive);
         if (drvDrive->SetDrive(tried)) break;
     }
+    // Kept: starting on the drive chosen raises no change, so the combo
+    // stays empty until the first node click.
     ReadDrive(tried.left(2).toLower() + QStringLiteral("\\"));
     ViewFolder(tried, QStringLiteral("*.*"));
-    // The first row of the tree.
-    trwPaths->SetDropHighlight(trwPaths->HitTest(675, 105));
+    // The first row of the tree, found by a hit test at its design place.
+    trwPaths->SetDropHighlight(trwPaths->HitTest(kFirstRowX, kFirstRowY));
 }
 
 void FrmLocal::cboLocal_Click() {
@@ -192,6 +197,8 @@ void FrmLocal::lsvDirFile_DblClick() {
         QString sFolder = folder + lsvDirFile->Text(row);
         ViewFolder(sFolder, QStringLiteral("*.*"));
         if (sFolder.endsWith(u'\\')) sFolder = sFolder.left(sFolder.size() - 1).toLower();
+        // Kept: below a node without children only the list moves on; tree
+        // and combo stay behind it.
         const int selected = trwPaths->SelectedIndex();
         if (selected != 0 && trwPaths->Children(selected) > 0) {
             trwPaths->SetExpanded(selected, true);

@@ -18,7 +18,7 @@ constexpr int vbYes = 6;
 constexpr int vbNo = 7;
 
 int MsgBox(const QString& prompt, int flags = 0, const QString& title = QString());
-// Empty text for Cancel, like the classic input box.
+// Empty text for Cancel, as for an empty answer.
 QString InputBox(const QString& prompt, const QString& title = QString(),
                  const QString& defaultText = QString());
 // Starts `program` detached with a parameter string split at blanks.

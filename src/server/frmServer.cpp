@@ -118,8 +118,9 @@ void FrmServer::tlbServerLinks_ButtonClick(const QString& key) {
         return;
     }
     if (key == u"oben") {
-        // Goes where the selected row leads: normally "..", one level up.
-        // Without a selected item (an empty list) there is nothing to pass.
+        // Kept: goes where the selected row leads, normally "..", one level
+        // up. Without a selected item (an empty list) there is nothing to
+        // pass.
         if (const int selected = lsvServer->SelectedIndex(); selected != 0)
             SetServerDirectory(lsvServer->Text(selected));
         SelectServerPath(GetServerDirectory());

@@ -80,12 +80,13 @@ void ReadServerDirectory(const QString& sPattern, HINTERNET& hConnection) {
     DoEvents();
     DoEvents();
     if (hFind == 0) {
+        // Kept: the failed find's handle, 0, is closed all the same.
         InternetCloseHandle(0);
         return;
     }
 
-    // The first entry never gets the "DATEI" text nor the "-Datei" fallback;
-    // the two halves stay apart on purpose.
+    // Kept: the first entry never gets the "DATEI" text nor the "-Datei"
+    // fallback; the two halves stay apart.
     Texts texts;
     QString sType, sKey;
     QString sName = CutName(data.cFileName);
@@ -103,6 +104,7 @@ void ReadServerDirectory(const QString& sPattern, HINTERNET& hConnection) {
         arrServerFiles.resize(u + 2);
         if (sType.isEmpty()) {
             if (sDatei.isNull()) sDatei = GetLanguageText("DATEI");
+            // Kept: the last three characters of the key, whatever its length.
             sType = sKey.right(3).toUpper() + QStringLiteral("-") + sDatei;
         }
         Fill(arrServerFiles[u], data, texts, sName, sType, sKey);

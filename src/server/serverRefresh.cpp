@@ -29,7 +29,7 @@ public:
     explicit Attributes(int upper) : values_(size_t(std::max(upper, 0))) {
         for (size_t i = 0; i < values_.size(); ++i) values_[i] = arrServerFiles[i].sAttributes.toUInt();
     }
-    // Exactly 16: 17, a read-only folder, is a file here.
+    // Kept: exactly 16; 17, a read-only folder, is a file here.
     bool IsFolder(int i) const { return values_[size_t(i)] == FILE_ATTRIBUTE_DIRECTORY; }
     const QString& Letters(int i) {
         const uint32_t v = values_[size_t(i)];
@@ -50,9 +50,8 @@ class RowFiller {
 public:
     RowFiller(controls::ListView& list, bool stopOnFailure) : list_(list), stop_(stopOnFailure) {}
 
-    // Adds a row; false when the fill is to stop. A failed add that is
-    // skipped leaves the sub-items that follow to the row added before, as
-    // the list always did.
+    // Adds a row; false when the fill is to stop. Kept: a failed add that
+    // is skipped leaves the sub-items that follow to the row added before.
     bool Add(const QString& text, const QString& key) {
         const int index = list_.Add(text, key, key);
         if (index == 0 && stop_) return false;
@@ -108,9 +107,9 @@ bool FillServerRows(HINTERNET& hConnection, bool stopOnFailure) {
         const QString folderType = n > 0 ? GetLanguageText("MPUB_FOLDER") : QString();
         for (int i = 0; i < n; ++i) {
             if (i >= kFolderTableRows) {
-                // No such row in the table: the add fails, the two sub-items
-                // without a table read reach the last row added, the rest
-                // fail too.
+                // Kept: no such row in the table: the add fails, the two
+                // sub-items without a table read reach the last row added,
+                // the rest fail too.
                 rows.Sub(1, QString());
                 rows.Sub(2, folderType);
                 continue;

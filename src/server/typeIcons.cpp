@@ -100,7 +100,7 @@ void TypeCache::Step(const QString& sName, bool following, QString& sType, QStri
     const qsizetype lFixedPos = FixedPos(sKey);
     if (lFixedPos < 0 && plain_ && IsPlain(sKey)) {
         if (const auto it = pairAt_.constFind(sKey); it != pairAt_.constEnd()) {
-            sType = it->type;  // what ValueAt would cut out of the text
+            sType = it->type;  // what TypeTextAt would cut out of the text
             return;
         }
     }
@@ -126,8 +126,8 @@ void TypeCache::Step(const QString& sName, bool following, QString& sType, QStri
         RemoveDummyFile(sDummy);
         return;
     }
-    // An existing key refuses the add, so the shell isn't asked for it: the
-    // picture a key got first stays for the whole run either way.
+    // Kept: the picture a key got first stays for the whole run; an
+    // existing key refuses the add, so the shell isn't even asked for it.
     if (!frame.imgListSmall->HasKey(sKey))
         frame.imgListSmall->Add(sKey, GetShellIcon(SHGFI_ICON | SHGFI_SMALLICON, sDummy));
     if (!frame.imgListLarge->HasKey(sKey)) frame.imgListLarge->Add(sKey, GetShellIcon(SHGFI_ICON, sDummy));

@@ -64,7 +64,8 @@ QStringList FrmASCIIListe::Entries() const {
 void FrmASCIIListe::cmdAdd_Click() {
     const QString entry = InputBox(GetLanguageText("FRMASCIILISTE_NEWEXT")).toUpper();
     if (entry.isEmpty()) return;
-    // Exact comparison: an entry kept in lower case by hand is not found.
+    // Kept: an exact comparison; an entry kept in lower case by hand is not
+    // found.
     if (Entries().contains(entry))
         MsgBox(GetLanguageText("FRMASCIILISTE_ENTRYDA"), vbInformation);
     else
@@ -82,7 +83,7 @@ void FrmASCIIListe::cmdRemove_Click() {
 }
 
 void FrmASCIIListe::cmdUebernehmen_Click() {
-    // A list that can't be written is dropped without a word.
+    // Kept: a list that can't be written is dropped without a word.
     WriteAsciiDat(Entries());
     done(QDialog::Accepted);
     frmASCIIListe.Unload();

@@ -28,7 +28,7 @@ void TransferModeComboClick(const TransferModeControls& c) {
 
 void TransferModeASCII(const TransferModeControls& c) {
     lTransferMode = FTP_TRANSFER_TYPE_ASCII;
-    // Kept: only this entry moves the log's caret; the others never did.
+    // Kept: only this entry moves the log's caret; the others don't.
     MoveLogCaretToEnd();
     Tick(c, c.ascii);
     if (c.combo) c.combo->SetListIndex(0);

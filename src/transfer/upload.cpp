@@ -67,8 +67,8 @@ bool UploadFile(QString& pLocalFile, QString& pRemoteFile) {
 
     if (AutoMode()) lTransferMode = IsAsciiFile(pRemoteFile) ? FTP_TRANSFER_TYPE_ASCII : FTP_TRANSFER_TYPE_BINARY;
 
-    // The server file is made before the local one is looked at, so a
-    // missing local file still leaves an (empty) file on the server.
+    // Kept: the server file is made before the local one is looked at, so
+    // a missing local file still leaves an (empty) file on the server.
     hUploadFile = FtpOpenFileA(hConnection, pRemoteFile, GENERIC_WRITE, lTransferMode, 0);
     if (hUploadFile == 0) return Fail();
 
@@ -78,18 +78,19 @@ bool UploadFile(QString& pLocalFile, QString& pRemoteFile) {
     const int32_t lFileSize = file.LOF();
     char bytUploadBuffer[kChunk] = {};
     uint32_t lWritten = 0;
-    // Failed writes leave the stream open (hUploadFile keeps its value): the
-    // walks open a new connection before their next item.
+    // Kept: failed writes leave the stream open (hUploadFile keeps its
+    // value); the walks open a new connection before their next item.
     for (int32_t i = 1; i <= lFileSize / kChunk; ++i) {
         file.Get(bytUploadBuffer, kChunk);
-        // hUploadFile is read afresh: a nested upload during the turn below
-        // replaces it, and this one then writes to the nested one's stream.
+        // Kept: hUploadFile is read afresh; a nested upload during the turn
+        // below replaces it, and this one then writes to the nested one's
+        // stream.
         if (!InternetWriteFile(hUploadFile, bytUploadBuffer, kChunk, lWritten)) return Fail();
         DoEvents();
         lBytesSent += kChunk;
     }
-    // The tail write always happens, of 0 bytes too. A length from 2 GiB on
-    // reads negative: its tail can't be written, so it fails here.
+    // Kept: the tail write always happens, of 0 bytes too. A length from
+    // 2 GiB on reads negative: its tail can't be written, so it fails here.
     const int32_t lTail = lFileSize % kChunk;
     file.Get(bytUploadBuffer, kChunk);
     if (lTail < 0 || !InternetWriteFile(hUploadFile, bytUploadBuffer, uint32_t(lTail), lWritten)) return Fail();

@@ -3,7 +3,7 @@
 // Twips are kept exactly as assigned while the widget still has the pixel
 // size they map to, so arithmetic on Width and Height doesn't drift by the
 // rounding to whole pixels. A negative size is refused and leaves the old
-// value, as the classic forms do.
+// value, so a layout on a tiny frame keeps the panes' last sizes.
 #pragma once
 
 #include <QWidget>

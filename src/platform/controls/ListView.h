@@ -1,5 +1,5 @@
 // A list of rows with sub-items in four views (0 large icons, 1 small
-// icons, 2 list, 3 report), 1-based like the classic control.
+// icons, 2 list, 3 report); rows and sub-items are 1-based.
 //
 // Rows name their pictures by key; adding a row whose key the bound image
 // list doesn't hold fails and adds nothing. The first row added to an empty

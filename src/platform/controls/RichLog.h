@@ -1,5 +1,5 @@
-// The rich-text log control: Text, SelStart, SelColor and SelText with the
-// classic semantics. Moving the caret takes over the format of the text
+// The rich-text log control: Text, SelStart, SelColor and SelText. Moving
+// the caret takes over the format of the text
 // before it, so a colour set before a caret move can be lost; callers that
 // set SelColor first and move afterwards get exactly that.
 #pragma once

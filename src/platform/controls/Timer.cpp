@@ -20,7 +20,7 @@ void Timer::SetInterval(int ms) {
 }
 
 void Timer::apply() {
-    // Like the classic timer: enabling restarts the interval.
+    // Enabling restarts the interval.
     if (enabled_ && interval_ > 0)
         timer_.start(interval_);
     else

@@ -1,7 +1,7 @@
 // A tree of keyed nodes, indexed from 1 in the order they were added, so
 // the children added in one run have contiguous indexes.
 //
-// Keys are matched exactly, as the classic control does: callers that mean
+// Keys are matched exactly: callers that mean
 // a path lower it first. Every property takes an index and does nothing (or
 // gives an empty value) for one that doesn't exist, so the logic can skip a
 // missing node and go on.
