@@ -17,17 +17,8 @@
 
 namespace {
 
-class Connect : public FrameTest {
+class Connect : public StartedFrameTest {
 protected:
-    void SetUp() override {
-        FrameTest::SetUp();
-        StartFrame();
-    }
-    static bool Alive(HINTERNET h) {
-        QString dir;
-        uint32_t len = 1024;
-        return FtpGetCurrentDirectoryA(h, dir, len) != 0;
-    }
     static QString ClosedPort() {
         FtpServer s(FtpServer::Kind::Pyftpdlib);
         const QString p = s.portText();
@@ -132,6 +123,25 @@ TEST_F(Connect, PortsThatDontConvertFailLikeAnUnreachableServerAndHexPortsConnec
     FillBar(server, "&H" + QString::number(server.port(), 16).toUpper());
     mdiMain().QuickConnect();
     EXPECT_NE(hConnection, 0u);
+}
+
+TEST_F(Connect, EachConnectEmptiesTheServerListBeforeItTries) {
+    FtpServer server(FtpServer::Kind::Pyftpdlib);
+    server.WriteFile("a.txt", "a");
+    auto& list = *frmServer().lsvServer;
+    for (const bool full : {false, true}) {
+        ASSERT_TRUE(FrameTest::Connect(server, full));
+        ASSERT_NE(RowOf(list, "a.txt"), 0);
+        // The attempt that fails leaves the list empty, not the old rows.
+        FillBar(server, ClosedPort());
+        if (full)
+            mdiMain().mnuVerbindungVerbinden_Click();
+        else
+            mdiMain().QuickConnect();
+        EXPECT_EQ(hConnection, 0u);
+        EXPECT_EQ(list.Count(), 0) << (full ? "full" : "quick");
+        mdiMain().tlbConnect_ButtonClick(QString());  // the boxes back on
+    }
 }
 
 TEST_F(Connect, ASecondConnectLeavesTheFirstConnectionOpenBesideIt) {

@@ -6,17 +6,20 @@
 #include "frame/frmStart.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
+#include "platform/controls/twips.h"
 #include "server/frmServer.h"
 
 #include <QApplication>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <QTest>
 #include <QTimer>
 
 namespace {
 
-class FrameStart : public FrameTest {};
+class FrameStart : public StartedFrameTest {};
 
 TEST_F(FrameStart, WelcomeTextIsTheFirstAndOnlyContentInBlack) {
-    StartFrame();
     const auto lines = LogLines();
     ASSERT_EQ(lines.size(), 2u);
     EXPECT_EQ(lines[0].text, GetLanguageText("WELCOME1"));
@@ -28,7 +31,6 @@ TEST_F(FrameStart, WelcomeTextIsTheFirstAndOnlyContentInBlack) {
 }
 
 TEST_F(FrameStart, ConnectionBarStartsWithItsDefaults) {
-    StartFrame();
     auto& f = mdiMain();
     EXPECT_EQ(f.txtPort->Text(), "21");
     EXPECT_EQ(f.txtAddress->Text(), "");
@@ -47,7 +49,6 @@ TEST_F(FrameStart, ConnectionBarStartsWithItsDefaults) {
 }
 
 TEST_F(FrameStart, CaptionsComeFromTheCatalogueExceptTheFiveDesignCaptions) {
-    StartFrame();
     auto& f = mdiMain();
     EXPECT_EQ(f.mnuFile->title(), GetLanguageText("Datei"));
     EXPECT_EQ(f.mnuVerbindung->title(), GetLanguageText("MY_CONNECTION"));
@@ -70,13 +71,12 @@ TEST_F(FrameStart, CaptionsComeFromTheCatalogueExceptTheFiveDesignCaptions) {
     EXPECT_EQ(f.tlbConnect->Button(2)->description, GetLanguageText("ASCII_LIST_SHOW"));
 }
 
-class FrameWithoutLanguage : public FrameTest {
+class FrameWithoutLanguage : public StartedFrameTest {
 protected:
     QString LanguageTable() const override { return QString(); }
 };
 
 TEST_F(FrameWithoutLanguage, EveryCatalogueTextReadsAsHashesAndTheFrameStillWorks) {
-    StartFrame();
     EXPECT_EQ(mdiMain().mnuFile->title(), kMissingText);
     EXPECT_EQ(mdiMain().lblPort->text(), kMissingText);
     EXPECT_EQ(LogLines().at(0).text, kMissingText);
@@ -86,7 +86,6 @@ TEST_F(FrameWithoutLanguage, EveryCatalogueTextReadsAsHashesAndTheFrameStillWork
 }
 
 TEST_F(FrameStart, EmptyOrBlankAddressIsRefusedDifferentlyByTheTwoConnects) {
-    StartFrame();
     auto& f = mdiMain();
     f.txtAddress->SetText("   ");
     f.mnuVerbindungVerbinden_Click();
@@ -111,7 +110,6 @@ TEST_F(FrameStart, EmptyOrBlankAddressIsRefusedDifferentlyByTheTwoConnects) {
 }
 
 TEST_F(FrameStart, PassiveBoxWritesBlueLinesAndTheOnLineLandsAtTheCaret) {
-    StartFrame();
     auto& f = mdiMain();
     auto& log = *frmTransferHistory().rtfTransferHistory;
     log.SetSelStart(0);  // as a click at the very start
@@ -127,6 +125,100 @@ TEST_F(FrameStart, PassiveBoxWritesBlueLinesAndTheOnLineLandsAtTheCaret) {
     EXPECT_EQ(lines.back().text, GetLanguageText("PASSIVE_TRANSER_OFF"));
     EXPECT_EQ(lines.back().colour, kBlue);
     EXPECT_EQ(log.SelColor(), kBlack);
+}
+
+// --- The connection bar as the user meets it -------------------------------
+
+TEST_F(FrameStart, ThePasswordShowsAsStars) {
+    auto& f = mdiMain();
+    f.txtPassword->SetText("secret");
+    EXPECT_EQ(f.txtPassword->displayText(), "******");
+    EXPECT_EQ(f.txtPassword->Text(), "secret");
+}
+
+TEST_F(FrameStart, TabGoesThroughTheBarAndEachBoxLightsUpWithItsTextSelected) {
+    auto& f = mdiMain();
+    f.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&f));
+    f.txtAddress->SetFocus();
+    Pump();
+    f.txtUserID->SetText("anonymous");
+    f.txtPassword->SetText("guest");
+    ASSERT_TRUE(f.txtAddress->hasFocus());
+    EXPECT_EQ(f.txtAddress->BackColor(), RGB(255, 255, 192));
+    QTest::keyClicks(f.txtAddress, "ftp.example");
+
+    const auto tab = [] {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        Pump(1);
+        return QApplication::focusWidget();
+    };
+    EXPECT_EQ(tab(), f.txtUserID);
+    EXPECT_EQ(f.txtAddress->Text(), "ftp.example");
+    EXPECT_EQ(f.txtAddress->BackColor(), RGB(255, 255, 255));
+    EXPECT_EQ(f.txtUserID->BackColor(), RGB(255, 255, 192));
+    EXPECT_EQ(f.txtUserID->selectedText(), "anonymous");
+    EXPECT_EQ(tab(), f.txtPassword);
+    EXPECT_EQ(f.txtPassword->selectionLength(), 5);
+    EXPECT_EQ(f.txtUserID->BackColor(), RGB(255, 255, 255));
+    EXPECT_EQ(tab(), f.txtPort);
+    EXPECT_EQ(f.txtPort->selectedText(), "21");
+    EXPECT_EQ(f.txtPort->BackColor(), RGB(255, 255, 192));
+    EXPECT_EQ(tab(), f.chkPassiveTransfer);
+    EXPECT_EQ(f.txtPort->BackColor(), RGB(255, 255, 255));
+    EXPECT_EQ(tab(), f.cboTransferMode);
+
+    // A click into the address box lights it up and selects its text too.
+    QTest::mouseClick(f.txtAddress, Qt::LeftButton, {}, QPoint(5, 5));
+    Pump();
+    EXPECT_TRUE(f.txtAddress->hasFocus());
+    EXPECT_EQ(f.txtAddress->BackColor(), RGB(255, 255, 192));
+    EXPECT_EQ(f.txtAddress->selectedText(), "ftp.example");
+}
+
+// The bar at the frame's start size, in each language of the catalogue.
+class BarInEveryLanguage : public StartedFrameTest, public ::testing::WithParamInterface<const char*> {
+protected:
+    QString LanguageTable() const override { return QString::fromLatin1(GetParam()); }
+    // Whether the text shows whole in the line edit, without scrolling.
+    static bool ShowsWhole(QLineEdit* box, const QString& text) {
+        box->setText(text);
+        box->setCursorPosition(0);
+        const int start = box->inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+        box->setCursorPosition(int(text.size()));
+        const int end = box->inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+        return end - start == box->fontMetrics().horizontalAdvance(text) && end < box->width();
+    }
+    static int ItemRoom(const QComboBox* combo) {
+        QStyleOptionComboBox opt;
+        opt.initFrom(combo);
+        opt.rect = combo->rect();
+        return combo->style()->subControlRect(QStyle::CC_ComboBox, &opt, QStyle::SC_ComboBoxEditField, combo).width();
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Catalogue, BarInEveryLanguage, ::testing::Values("deutsch", "francais", "english", "espanol"));
+
+TEST_P(BarInEveryLanguage, EveryCaptionShowsWholeAndTheModeBoxLiesInTheWindow) {
+    auto& f = mdiMain();
+    for (const QLabel* label : {f.lblAdresse, f.lblBenutzer, f.lblPasswort, f.lblPort, f.lblModus}) {
+        EXPECT_LE(label->fontMetrics().horizontalAdvance(label->text()), label->width()) << label->text().toStdString();
+        EXPECT_LE(label->fontMetrics().height(), label->height()) << label->text().toStdString();
+    }
+    EXPECT_LE(f.chkPassiveTransfer->sizeHint().width(), f.chkPassiveTransfer->width());
+    EXPECT_TRUE(ShowsWhole(f.txtPort, "2121")) << "a four-digit port";
+    for (int i = 0; i < f.cboTransferMode->ListCount(); ++i)
+        EXPECT_LE(f.cboTransferMode->fontMetrics().horizontalAdvance(f.cboTransferMode->List(i)),
+                  ItemRoom(f.cboTransferMode))
+            << f.cboTransferMode->List(i).toStdString();
+    // The controls keep their design places.
+    EXPECT_EQ(controls::LeftOf(f.txtPort), 8940 / 15 * 15);
+    EXPECT_EQ(controls::LeftOf(f.cboTransferMode), 14310 / 15 * 15);
+    // The whole bar within the frame, the mode box within the bar.
+    const QRect mode(f.cboTransferMode->mapTo(&f, QPoint(0, 0)), f.cboTransferMode->size());
+    EXPECT_LE(mode.right(), f.width());
+    EXPECT_LE(f.cboTransferMode->geometry().right(), f.fraTop->contentsRect().right());
+    EXPECT_LE(f.fraTop->mapTo(&f, QPoint(f.fraTop->width(), 0)).x(), f.width());
 }
 
 TEST(PortToInteger, ReadsPortsAsA16BitSignedInteger) {
@@ -154,7 +246,6 @@ TEST(PortToInteger, ReadsPortsAsA16BitSignedInteger) {
 }
 
 TEST_F(FrameStart, ExitByTheMenuEndsTheProgramAndUnloadsTheForms) {
-    StartFrame();
     mdiMain().mnuFileExit->trigger();
     Pump();
     EXPECT_EQ(endCalls, 1);
@@ -165,7 +256,6 @@ TEST_F(FrameStart, ExitByTheMenuEndsTheProgramAndUnloadsTheForms) {
 }
 
 TEST_F(FrameStart, ClosingTheWindowTakesTheSameWayOut) {
-    StartFrame();
     mdiMain().close();
     Pump();
     EXPECT_EQ(endCalls, 1);

@@ -15,12 +15,8 @@
 
 namespace {
 
-class LogPane : public FrameTest {
+class LogPane : public StartedFrameTest {
 protected:
-    void SetUp() override {
-        FrameTest::SetUp();
-        StartFrame();
-    }
     controls::RichLog& log() { return *frmTransferHistory().rtfTransferHistory; }
 };
 

@@ -3,19 +3,22 @@
 #include "support/frame_fixture.h"
 #include "support/ftp_server.h"
 
-#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
 #include "platform/localfs.h"
 #include "platform/shell.h"
 #include "platform/tempfolder.h"
+#include "platform/wininet.h"
 #include "server/formatters.h"
 #include "server/frmServer.h"
 #include "server/serverListing.h"
 #include "server/serverRefresh.h"
 #include "server/typeIcons.h"
+#include "shared/mPublic.h"
 #include "shared/typeTexts.h"
+#include "transfer/upload.h"
 
+#include <QApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -24,16 +27,14 @@
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QTimeZone>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-class ServerPane : public FrameTest {
+class ServerPane : public StartedFrameTest {
 protected:
-    void SetUp() override {
-        FrameTest::SetUp();
-        StartFrame();
-    }
     void ConnectTo(const FtpServer& s) { ASSERT_TRUE(Connect(s, /*full=*/true)); }
     static controls::ListView& list() { return *frmServer().lsvServer; }
     static controls::ComboBox& combo() { return *frmServer().cboServer; }
@@ -418,6 +419,103 @@ TEST_F(ServerPane, MoreFoldersThanTheTableHoldsHaveTwoDifferentOutcomes) {
     EXPECT_EQ(list().Text(list().Count()), "zz.txt");
     EXPECT_EQ(list().SubItem(list().Count(), 1), "1 KB");
     QFile::remove(server.root() + "/many");
+}
+
+TEST_F(ServerPane, AFailingPwdMakesTheReadStartAtTheRootAndTheComboShowAnEmptyLine) {
+    FtpServer server(FtpServer::Kind::PyftpdlibPwdFails);
+    server.WriteFile("root.txt", "r");
+    server.WriteFile("sub/inner.txt", "i");
+    ConnectTo(server);
+    mdiMain().timIsConnected->SetEnabled(false);  // it would find the connection lost
+    EXPECT_TRUE(Rows().contains("root.txt"));
+    EXPECT_EQ(ComboItems(), QStringList{""});
+    EXPECT_EQ(combo().ListIndex(), 0);
+
+    // Where the server can't say where it is, the read goes to "/" first.
+    ASSERT_TRUE(SetServerDirectory("sub"));
+    frmServer().RefreshServer(hConnection);
+    EXPECT_TRUE(Rows().contains("root.txt"));
+    EXPECT_FALSE(Rows().contains("inner.txt"));
+    EXPECT_EQ(ComboItems(), QStringList{""});
+}
+
+TEST_F(ServerPane, TheHourglassStandsOnceAndGoesWhateverTheNesting) {
+    SetMousePointer(vbHourglass);
+    SetMousePointer(vbHourglass);
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    SetMousePointer(vbDefault);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    SetMousePointer(vbDefault);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+
+    // The refresh button sets it, and the combo's click that the refresh
+    // raises inside sets and clears it again.
+    FtpServer server(FtpServer::Kind::Pyftpdlib);
+    server.MakeFolder("sub");
+    ConnectTo(server);
+    ASSERT_TRUE(SetServerDirectory("sub"));
+    frmServer().tlbServerLinks->Press("actualize");
+    EXPECT_EQ(combo().Text(), "/sub");
+    EXPECT_EQ(MousePointer(), vbDefault);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ServerPane, Latin1NamesGoBothWaysUnchanged) {
+    // vsftpd without UTF8: names travel as Latin-1 bytes.
+    FtpServer server(FtpServer::Kind::VsftpdLatin1);
+    const QByteArray root = QFile::encodeName(server.root());
+    const auto put = [&](const QByteArray& name, const QByteArray& content) {
+        const int fd = ::open((root + "/" + name).constData(), O_CREAT | O_WRONLY | O_TRUNC, 0644);
+        ASSERT_GE(fd, 0);
+        ASSERT_EQ(::write(fd, content.constData(), size_t(content.size())), content.size());
+        ::close(fd);
+    };
+    // Names that aren't UTF-8 can't be removed by name through Qt: these go
+    // by their bytes.
+    struct Cleanup {
+        QByteArray root;
+        ~Cleanup() {
+            ::unlink((root + "/caf\xe9.txt").constData());
+            ::unlink((root + "/Gr\xfc\xdf" "e.txt").constData());
+            ::unlink((root + "/\xdc" "bersicht/inner.txt").constData());
+            ::rmdir((root + "/\xdc" "bersicht").constData());
+        }
+    } cleanup{root};
+    put("caf\xe9.txt", "coffee");
+    ASSERT_EQ(::mkdir((root + "/\xdc" "bersicht").constData(), 0755), 0);
+    put("\xdc" "bersicht/inner.txt", "inside");
+    ConnectTo(server);
+    ASSERT_TRUE(SetServerDirectory(server.serverRoot()));
+    frmServer().RefreshServer(hConnection);
+    EXPECT_NE(RowOf(QString::fromUtf8("café.txt")), 0) << Rows().join(u'|').toStdString();
+    ASSERT_NE(RowOf(QString::fromUtf8("Übersicht")), 0);
+
+    // Into the folder and back, by its name.
+    list().DoubleClickRow(RowOf(QString::fromUtf8("Übersicht")));
+    EXPECT_EQ(Rows(), QStringList({"..", "inner.txt"}));
+    EXPECT_EQ(combo().Text(), server.root() + QString::fromUtf8("/Übersicht"));
+    list().DoubleClickRow(RowOf(".."));
+
+    // An upload lands under the Latin-1 bytes of its name.
+    QTemporaryDir local;
+    const QString upload = QString::fromUtf8("Grüße.txt");
+    QFile out(local.path() + "/" + upload);
+    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+    out.write("greetings");
+    out.close();
+    QString from = localfs::ToWindows(out.fileName());
+    QString to = upload;
+    ASSERT_TRUE(UploadFile(from, to));
+    EXPECT_EQ(::access((root + "/Gr\xfc\xdf" "e.txt").constData(), F_OK), 0);
+    frmServer().RefreshServer(hConnection);
+    EXPECT_NE(RowOf(upload), 0);
+
+    // A download brings the file back under its name.
+    const QString target = localfs::ToWindows(local.path()) + QString::fromUtf8("\\café.txt");
+    ASSERT_TRUE(FtpGetFileA(hConnection, QString::fromUtf8("café.txt"), target, false, 0, FTP_TRANSFER_TYPE_BINARY, 0));
+    QFile back(local.path() + QString::fromUtf8("/café.txt"));
+    ASSERT_TRUE(back.open(QIODevice::ReadOnly));
+    EXPECT_EQ(back.readAll(), "coffee");
 }
 
 TEST(ServerFormatters, SizesDatesAttributesAndExtensions) {

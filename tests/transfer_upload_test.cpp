@@ -44,17 +44,16 @@ QString DatFile() {
 
 // ascii.dat is the build's copy: whatever a test leaves there, a folder
 // included, it is put back.
-class Transfer : public FrameTest {
+class Transfer : public StartedFrameTest {
 protected:
     void SetUp() override {
-        FrameTest::SetUp();
         saved_ = Bytes(DatFile());
-        StartFrame();
+        StartedFrameTest::SetUp();
     }
     void TearDown() override {
         QDir(DatFile()).removeRecursively();
         Put(DatFile(), saved_);
-        FrameTest::TearDown();
+        StartedFrameTest::TearDown();
     }
     // Connected, in the server's root, the watch on, in the given mode
     // (the log isn't empty, so the combo runs the menu's handlers).

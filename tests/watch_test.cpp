@@ -15,12 +15,8 @@
 
 namespace {
 
-class Watch : public FrameTest {
+class Watch : public StartedFrameTest {
 protected:
-    void SetUp() override {
-        FrameTest::SetUp();
-        StartFrame();
-    }
     void ConnectTo(const FtpServer& s) {
         ASSERT_TRUE(Connect(s));
     }
@@ -39,11 +35,6 @@ protected:
         for (const auto& b : boxes)
             if (b.prompt == text && b.flags == 4) ++n;
         return n;
-    }
-    static bool Alive(HINTERNET h) {
-        QString dir;
-        uint32_t len = 1024;
-        return FtpGetCurrentDirectoryA(h, dir, len) != 0;
     }
     // Control connections the server holds open, as the system sees them.
     static int Sessions(const FtpServer& s) {

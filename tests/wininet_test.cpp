@@ -1,5 +1,6 @@
 // The FTP operations against real servers: pyftpdlib (MLSD, UTF-8) and
 // vsftpd (LIST), in active mode unless a test says otherwise.
+#include "support/find_records.h"
 #include "support/ftp_server.h"
 
 #include "platform/localfs.h"
@@ -42,17 +43,6 @@ QString Pwd(HINTERNET h) {
     return FtpGetCurrentDirectoryA(h, dir, length) ? dir : QString();
 }
 
-std::map<QString, WIN32_FIND_DATA> List(HINTERNET h) {
-    std::map<QString, WIN32_FIND_DATA> out;
-    WIN32_FIND_DATA d;
-    const HINTERNET find = FtpFindFirstFileA(h, "*.*", d, 0, 0);
-    if (!find) return out;
-    do out[d.cFileName] = d;
-    while (InternetFindNextFileA(find, d));
-    InternetCloseHandle(find);
-    return out;
-}
-
 // Uploads the way the program does: 255-byte writes, then a tail write of
 // what is left, zero bytes included.
 bool Upload(HINTERNET h, const QString& name, const QByteArray& content, uint32_t type = FTP_TRANSFER_TYPE_BINARY) {
@@ -65,16 +55,6 @@ bool Upload(HINTERNET h, const QString& name, const QByteArray& content, uint32_
     if (!InternetWriteFile(file, content.constData() + at, uint32_t(content.size() - at), written)) return false;
     InternetCloseHandle(file);
     return true;
-}
-
-int64_t Size(const WIN32_FIND_DATA& d) {
-    return (int64_t(d.nFileSizeHigh) << 32) | d.nFileSizeLow;
-}
-
-QDateTime Time(const WIN32_FIND_DATA& d) {
-    SYSTEMTIME st;
-    FileTimeToSystemTime(d.ftLastWriteTime, st);
-    return QDateTime(QDate(st.wYear, st.wMonth, st.wDay), QTime(st.wHour, st.wMinute, st.wSecond), QTimeZone::utc());
 }
 
 // Control connections the server still holds open on its port, read from
@@ -228,7 +208,7 @@ TEST_P(OnBoth, FindListsTheTreeWithAttributesSizesAndTimes) {
 
     const HINTERNET h = Connect(server);
     ASSERT_NE(h, 0u);
-    const auto entries = List(h);
+    const auto entries = ListServer(h);
     std::vector<QString> names;
     for (const auto& [name, d] : entries) names.push_back(name);
     EXPECT_EQ(names, (std::vector<QString>{"a.txt", "big.iso", "docs", "empty.bin", "locked.txt"}))
@@ -238,12 +218,12 @@ TEST_P(OnBoth, FindListsTheTreeWithAttributesSizesAndTimes) {
     EXPECT_EQ(entries.at("docs").dwFileAttributes, FILE_ATTRIBUTE_DIRECTORY);
     EXPECT_EQ(entries.at("a.txt").dwFileAttributes, FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(entries.at("locked.txt").dwFileAttributes, FILE_ATTRIBUTE_NORMAL | FILE_ATTRIBUTE_READONLY);
-    EXPECT_EQ(Size(entries.at("a.txt")), 1536);
-    EXPECT_EQ(Size(entries.at("empty.bin")), 0);
+    EXPECT_EQ(SizeOf(entries.at("a.txt")), 1536);
+    EXPECT_EQ(SizeOf(entries.at("empty.bin")), 0);
     EXPECT_EQ(entries.at("big.iso").nFileSizeHigh, 1u);
     EXPECT_EQ(entries.at("big.iso").nFileSizeLow, 1024u * 1024 * 1024 + 3);
     const bool mlsd = GetParam() == Kind::Pyftpdlib;
-    EXPECT_EQ(Time(entries.at("a.txt")), mlsd ? stamp : stamp.addSecs(-31));
+    EXPECT_EQ(TimeOf(entries.at("a.txt")), mlsd ? stamp : stamp.addSecs(-31));
 
     // A second find is fine while the first handle is still open, and the
     // listing follows the directory.
@@ -254,7 +234,7 @@ TEST_P(OnBoth, FindListsTheTreeWithAttributesSizesAndTimes) {
     const HINTERNET inner = FtpFindFirstFileA(h, "*.*", d, 0, 0);
     ASSERT_NE(inner, 0u);
     EXPECT_EQ(d.cFileName, "inner.txt");
-    EXPECT_EQ(Size(d), 6);
+    EXPECT_EQ(SizeOf(d), 6);
     EXPECT_FALSE(InternetFindNextFileA(inner, d));
     EXPECT_TRUE(InternetCloseHandle(inner));
     EXPECT_TRUE(InternetCloseHandle(open));
@@ -285,9 +265,9 @@ TEST_P(OnBoth, ALongListingArrivesWholeWhateverItsPiecesAre) {
     const HINTERNET h = Connect(server);
     ASSERT_TRUE(FtpSetCurrentDirectoryA(h, "many"));
     std::set<QString> seen;
-    for (const auto& [name, d] : List(h)) {
+    for (const auto& [name, d] : ListServer(h)) {
         seen.insert(name);
-        EXPECT_EQ(Size(d), name.mid(6, 5).toInt() % 7) << qPrintable(name);
+        EXPECT_EQ(SizeOf(d), name.mid(6, 5).toInt() % 7) << qPrintable(name);
     }
     EXPECT_EQ(seen, wanted);
 }
@@ -297,7 +277,7 @@ TEST(Find, ListingsThatNameDotAndDotDotKeepThem) {
     server.WriteFile("one.txt", "1");
     const HINTERNET h = Connect(server);
     std::vector<QString> names;
-    for (const auto& [name, d] : List(h)) names.push_back(name);
+    for (const auto& [name, d] : ListServer(h)) names.push_back(name);
     EXPECT_EQ(names, (std::vector<QString>{".", "..", "one.txt"}));
 }
 
@@ -309,7 +289,7 @@ TEST_P(OnBoth, PassiveUploadsAndListingsWork) {
     const QByteArray content = RandomBytes(70000);
     ASSERT_TRUE(Upload(h, "passive.bin", content));
     EXPECT_EQ(server.ReadFile("passive.bin"), content);
-    EXPECT_EQ(List(h).count("passive.bin"), 1u);
+    EXPECT_EQ(ListServer(h).count("passive.bin"), 1u);
 }
 
 TEST_P(OnBoth, AsciiUploadsSendCrLfAndTheServerStoresItsTextForm) {
@@ -335,7 +315,7 @@ TEST_P(OnBoth, NonAsciiNamesRoundTrip) {
     const HINTERNET h = Connect(server);
     ASSERT_TRUE(Upload(h, name, "hello"));
     EXPECT_TRUE(QFile::exists(server.root() + "/" + name)) << "stored under its UTF-8 name";
-    EXPECT_EQ(List(h).count(name), 1u);
+    EXPECT_EQ(ListServer(h).count(name), 1u);
 }
 
 TEST_P(OnBoth, CommandsWhileAStreamIsOpenFinishItFirst) {
@@ -349,7 +329,7 @@ TEST_P(OnBoth, CommandsWhileAStreamIsOpenFinishItFirst) {
     EXPECT_EQ(Pwd(h), server.serverRoot());
     EXPECT_EQ(server.ReadFile("open.bin"), "abc");
     EXPECT_FALSE(InternetWriteFile(file, "d", 1, written)) << "the stream has ended";
-    EXPECT_EQ(List(h).count("open.bin"), 1u);
+    EXPECT_EQ(ListServer(h).count("open.bin"), 1u);
 }
 
 TEST(Upload, RefusedStorGivesZeroAndTheConnectionStaysUsable) {
@@ -395,7 +375,7 @@ TEST(Upload, ActiveTransfersFallBackToPassiveWhenTheServerRefusesPort) {
     server.WriteFile("there.txt", "x");
     const HINTERNET h = Connect(server);
     ASSERT_NE(h, 0u);
-    EXPECT_EQ(List(h).count("there.txt"), 1u);
+    EXPECT_EQ(ListServer(h).count("there.txt"), 1u);
     const QByteArray content = RandomBytes(1000);
     ASSERT_TRUE(Upload(h, "fallback.bin", content));
     EXPECT_EQ(server.ReadFile("fallback.bin"), content);

@@ -114,6 +114,12 @@ int FrameTest::RowOf(const controls::ListView& list, const QString& text) {
     return 0;
 }
 
+bool FrameTest::Alive(HINTERNET h) {
+    QString dir;
+    uint32_t length = 1024;
+    return FtpGetCurrentDirectoryA(h, dir, length) != 0;
+}
+
 QString FrameTest::LogText() const {
     return frmTransferHistory().rtfTransferHistory->Text();
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "platform/seams.h"
+#include "platform/wintypes.h"
 
 #include <QString>
 #include <QStringList>
@@ -42,6 +43,9 @@ protected:
     static QStringList RowTexts(const controls::ListView& list);
     static int RowOf(const controls::ListView& list, const QString& text);
 
+    // True while the connection answers for its current directory.
+    static bool Alive(HINTERNET h);
+
     QString LogText() const;
     // Plain text of each log line with the colour of its first character.
     struct LogLine {
@@ -56,4 +60,13 @@ protected:
     std::vector<QString> inputPrompts;
     std::vector<std::pair<QString, QString>> started;  // program, parameters
     int endCalls = 0;
+};
+
+// The same, with the frame started before each test.
+class StartedFrameTest : public FrameTest {
+protected:
+    void SetUp() override {
+        FrameTest::SetUp();
+        StartFrame();
+    }
 };

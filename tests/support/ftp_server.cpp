@@ -94,15 +94,15 @@ QString FtpServer::root() const {
 }
 
 QString FtpServer::serverRoot() const {
-    return kind_ == Kind::Vsftpd ? root() : QStringLiteral("/");
+    return IsVsftpd() ? root() : QStringLiteral("/");
 }
 
 QString FtpServer::user() const {
-    return kind_ == Kind::Vsftpd ? QStringLiteral("anonymous") : QStringLiteral("test");
+    return IsVsftpd() ? QStringLiteral("anonymous") : QStringLiteral("test");
 }
 
 QString FtpServer::password() const {
-    return kind_ == Kind::Vsftpd ? QStringLiteral("guest") : QStringLiteral("secret");
+    return IsVsftpd() ? QStringLiteral("guest") : QStringLiteral("secret");
 }
 
 bool FtpServer::Start() {
@@ -112,11 +112,12 @@ bool FtpServer::Start() {
     // The server dies with the test process, also one that ends at once
     // (the tests of the program's end do).
     process_->setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
-    if (kind_ != Kind::Vsftpd) {
+    if (!IsVsftpd()) {
         QStringList args{QStringLiteral(FERRYDOCK_SOURCE_DIR "/tests/support/pyftpdlib_server.py"),
                          QString::number(port_), root()};
         if (kind_ == Kind::PyftpdlibWithDots) args << QStringLiteral("--dots");
         if (kind_ == Kind::PyftpdlibPassiveOnly) args << QStringLiteral("--passive-only");
+        if (kind_ == Kind::PyftpdlibPwdFails) args << QStringLiteral("--pwd-fails");
         process_->start(QStringLiteral("/usr/bin/python3"), args);
     } else {
         const int pasv = PassiveBase(port_);
@@ -130,12 +131,13 @@ bool FtpServer::Start() {
                                "write_enable=%3\nanon_upload_enable=%3\nanon_mkdir_write_enable=%3\n"
                                "anon_other_write_enable=%3\nanon_world_readable_only=NO\nanon_umask=022\n"
                                "connect_from_port_20=NO\npasv_enable=YES\npasv_address=127.0.0.1\n"
-                               "pasv_min_port=%4\npasv_max_port=%5\nxferlog_enable=NO\nutf8_filesystem=YES\n"
+                               "pasv_min_port=%4\npasv_max_port=%5\nxferlog_enable=NO\nutf8_filesystem=%6\n"
                                "ascii_download_enable=YES\n")
                     .arg(port_)
                     .arg(root(), write)
                     .arg(pasv)
                     .arg(pasv + 99)
+                    .arg(kind_ == Kind::VsftpdLatin1 ? "NO" : "YES")
                     .toUtf8());
         f.close();
         process_->start(QStringLiteral("/usr/sbin/vsftpd"), {conf});

@@ -18,7 +18,9 @@ class FtpServer {
 public:
     // PyftpdlibWithDots: LIST only, and every listing starts with "." and "..".
     // PyftpdlibPassiveOnly: PORT and EPRT are refused.
-    enum class Kind { Pyftpdlib, Vsftpd, PyftpdlibWithDots, PyftpdlibPassiveOnly };
+    // PyftpdlibPwdFails: every PWD is answered 550.
+    // VsftpdLatin1: vsftpd without UTF8 in FEAT, so names travel as Latin-1.
+    enum class Kind { Pyftpdlib, Vsftpd, PyftpdlibWithDots, PyftpdlibPassiveOnly, PyftpdlibPwdFails, VsftpdLatin1 };
     // readOnly (vsftpd only): every write is refused.
     explicit FtpServer(Kind kind, bool readOnly = false);
     FtpServer(const FtpServer&) = delete;
@@ -50,6 +52,7 @@ public:
     void MakeFolder(const QString& relative) const;
 
 private:
+    bool IsVsftpd() const { return kind_ == Kind::Vsftpd || kind_ == Kind::VsftpdLatin1; }
     bool WaitReady() const;
     Kind kind_;
     bool readOnly_ = false;

@@ -3,8 +3,9 @@
 Users: test/secret may do everything; reader/secret may only list and read;
 anonymous reads. With --dots the server offers no MLSD and its LIST starts
 with "." and "..", as some servers' listings do. With --passive-only it
-refuses PORT and EPRT (500), as servers behind some firewalls do.
-Usage: pyftpdlib_server.py PORT ROOT [--dots] [--passive-only]
+refuses PORT and EPRT (500), as servers behind some firewalls do. With
+--pwd-fails every PWD is answered 550.
+Usage: pyftpdlib_server.py PORT ROOT [--dots] [--passive-only] [--pwd-fails]
 """
 import logging
 import sys
@@ -38,6 +39,11 @@ def main():
         handler.proto_cmds = {k: v for k, v in handler.proto_cmds.items() if k not in ("MLSD", "MLST")}
     if "--passive-only" in sys.argv[3:]:
         handler.proto_cmds = {k: v for k, v in handler.proto_cmds.items() if k not in ("PORT", "EPRT")}
+    if "--pwd-fails" in sys.argv[3:]:
+        class PwdFails(handler):
+            def ftp_PWD(self, line):
+                self.respond("550 No current directory.")
+        handler = PwdFails
     server = FTPServer(("127.0.0.1", port), handler)
     server.max_cons = 64
     print("ready", flush=True)
