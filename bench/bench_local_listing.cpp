@@ -1,9 +1,9 @@
 // Time from ViewFolder to a filled local list for a folder of 10,000 files
 // in 20 extensions, against ls -l of the same folder, with peak memory.
-#include "shared/mPublic.h"
 #include "local/frmLocal.h"
 #include "local/localReader.h"
 #include "platform/localfs.h"
+#include "shared/mPublic.h"
 #include "support/bench_frame.h"
 
 #include <QApplication>

@@ -4,12 +4,12 @@
 // Two folders: one whose 1,000 subfolders have names of their own (each
 // new "extension" costs the type-and-icon step with its dummy files), one
 // whose subfolders share an extension.
-#include "shared/mPublic.h"
 #include "platform/wininet.h"
 #include "server/frmServer.h"
 #include "server/serverListing.h"
 #include "server/serverRefresh.h"
 #include "server/typeIcons.h"
+#include "shared/mPublic.h"
 #include "support/bench_frame.h"
 #include "support/ftp_server.h"
 

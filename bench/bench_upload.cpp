@@ -1,8 +1,8 @@
 // Upload of one 256 MiB file through UploadFile to a local vsftpd, against
 // curl -T of the same file, with the program's peak memory.
-#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "platform/localfs.h"
+#include "shared/mPublic.h"
 #include "support/bench_frame.h"
 #include "support/ftp_server.h"
 #include "transfer/upload.h"

@@ -3,11 +3,11 @@
 #include "support/frame_fixture.h"
 #include "support/ftp_server.h"
 
-#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
 #include "platform/wininet.h"
 #include "server/frmServer.h"
+#include "shared/mPublic.h"
 
 #include "language/frmTransferHistory.h"
 

@@ -1,13 +1,13 @@
 // Start-up, captions, the connection bar's checks and the ways out.
 #include "support/frame_fixture.h"
 
-#include "shared/mPublic.h"
-#include "frame/mdiMain.h"
 #include "frame/frmStart.h"
+#include "frame/mdiMain.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
 #include "platform/controls/twips.h"
 #include "server/frmServer.h"
+#include "shared/mPublic.h"
 
 #include <QApplication>
 #include <QStyle>

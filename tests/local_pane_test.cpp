@@ -2,11 +2,11 @@
 // phantom row, the tree read one level ahead, the combo and the refreshes.
 #include "support/frame_fixture.h"
 
-#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
 #include "local/localReader.h"
 #include "platform/localfs.h"
+#include "shared/mPublic.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -3,11 +3,11 @@
 #include "support/frame_fixture.h"
 #include "support/ftp_server.h"
 
-#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
 #include "platform/localfs.h"
+#include "shared/mPublic.h"
 #include "transfer/asciiDat.h"
 #include "transfer/frmASCIIListe.h"
 #include "transfer/upload.h"

@@ -3,11 +3,11 @@
 #include "support/frame_fixture.h"
 #include "support/ftp_server.h"
 
-#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "frame/watch.h"
 #include "language/mDataBase.h"
 #include "platform/wininet.h"
+#include "shared/mPublic.h"
 
 #include <QElapsedTimer>
 #include <QProcess>

@@ -1,10 +1,10 @@
 #include "support/bench_frame.h"
 
-#include "shared/mPublic.h"
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
 #include "platform/localfs.h"
 #include "platform/seams.h"
+#include "shared/mPublic.h"
 #include "support/ftp_server.h"
 
 #include <QProcess>

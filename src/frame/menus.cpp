@@ -1,8 +1,8 @@
 // The frame's menu tree, its captions from the catalogue and its routing.
 #include "frame/mdiMain.h"
-#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "platform/seams.h"
+#include "shared/mPublic.h"
 #include "transfer/frmASCIIListe.h"
 #include "transfer/transferMode.h"
 

@@ -1,11 +1,11 @@
 #include "local/localReader.h"
 
-#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
 #include "platform/fileio.h"
 #include "platform/localfs.h"
 #include "platform/shell.h"
+#include "shared/mPublic.h"
 #include "shared/typeTexts.h"
 
 #include <cmath>

@@ -1,11 +1,11 @@
 // The left pane's navigation: drive box, folder tree read one level ahead,
 // the combo of visited folders and the double click, kept in step by hand.
-#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
 #include "local/localReader.h"
 #include "platform/localfs.h"
 #include "platform/seams.h"
+#include "shared/mPublic.h"
 
 namespace {
 

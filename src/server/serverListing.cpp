@@ -1,10 +1,10 @@
 #include "server/serverListing.h"
 
-#include "shared/mPublic.h"
 #include "language/mDataBase.h"
 #include "platform/wininet.h"
 #include "server/formatters.h"
 #include "server/typeIcons.h"
+#include "shared/mPublic.h"
 
 std::vector<tServerFile> arrServerFiles(1);
 

@@ -1,7 +1,7 @@
 #include "transfer/asciiDat.h"
 
-#include "shared/mPublic.h"
 #include "platform/fileio.h"
+#include "shared/mPublic.h"
 
 QString AsciiDatPath() {
     return AppPath() + QStringLiteral("\\ascii.dat");

@@ -1,15 +1,15 @@
 #include "support/frame_fixture.h"
 
-#include "shared/mPublic.h"
-#include "frame/mdiMain.h"
-#include "frame/frmUploadDownload.h"
 #include "frame/frmStart.h"
+#include "frame/frmUploadDownload.h"
+#include "frame/mdiMain.h"
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
 #include "platform/localfs.h"
 #include "platform/wininet.h"
 #include "server/frmServer.h"
+#include "shared/mPublic.h"
 #include "support/ftp_server.h"
 
 #include <QCoreApplication>
