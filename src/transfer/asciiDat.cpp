@@ -2,12 +2,13 @@
 
 #include "frame/mPublic.h"
 #include "platform/localfs.h"
+#include "platform/programdata.h"
 
 #include <QFile>
 #include <QSaveFile>
 
 QString AsciiDatPath() {
-    return localfs::ToPosix(AppPath() + QStringLiteral("\\ascii.dat"));
+    return localfs::ToPosix(programdata::AsciiDat());
 }
 
 namespace {

@@ -5,8 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-// The path of ascii.dat in the program folder (POSIX form, found whatever
-// its case on disk).
+// The path of ascii.dat that programdata::AsciiDat() chooses (POSIX form,
+// found whatever its case on disk).
 QString AsciiDatPath();
 
 // Fields as the classic formatted input reads them, one read after another
