@@ -1,10 +1,11 @@
 #include "transfer/asciiDat.h"
 
 #include "platform/fileio.h"
+#include "platform/programdata.h"
 #include "shared/mPublic.h"
 
 QString AsciiDatPath() {
-    return AppPath() + QStringLiteral("\\ascii.dat");
+    return programdata::AsciiDat();
 }
 
 namespace {

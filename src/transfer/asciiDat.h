@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-// The path of ascii.dat in the program folder.
+// The Windows-form path of ascii.dat that programdata::AsciiDat() chooses.
 QString AsciiDatPath();
 
 // Fields as a formatted input statement reads them, one read after another
