@@ -43,12 +43,15 @@ void Emit(const Listed& e, const NameDecoder& decode, std::vector<WIN32_FIND_DAT
 }  // namespace detail
 
 bool IsUnsafeName(const QString& name) {
-    return name.contains(QLatin1Char('/')) || name.contains(QLatin1Char('\\')) || name.contains(QChar(0));
+    for (const QChar c : name)
+        if (c == u'/' || c == u'\\' || c == u'\0') return true;
+    return false;
 }
 
 bool IsUnsafeRawName(QByteArrayView raw) {
-    using detail::Has;
-    return Has(raw, '/') || Has(raw, '\\') || Has(raw, '\0');
+    for (const char c : raw)
+        if (c == '/' || c == '\\' || c == '\0') return true;
+    return false;
 }
 
 std::vector<WIN32_FIND_DATA> ParseList(const QByteArray& body, const NameDecoder& decode, const QDateTime& now) {

@@ -49,21 +49,25 @@ Now::Now(const QDateTime& now) {
     year = utc.date().year();
 }
 
+bool Lines::NextAny(QByteArrayView& line) {
+    if (from_ >= body_.size()) return false;
+    const void* nl = std::memchr(body_.data() + from_, '\n', size_t(body_.size() - from_));
+    const qsizetype end = nl ? static_cast<const char*>(nl) - body_.data() : body_.size();
+    line = body_.sliced(from_, end - from_);
+    from_ = end + 1;
+    if (line.endsWith('\r')) line.chop(1);
+    return true;
+}
+
 bool Lines::Next(QByteArrayView& line) {
-    while (from_ < body_.size()) {
-        const void* nl = std::memchr(body_.data() + from_, '\n', size_t(body_.size() - from_));
-        const qsizetype end = nl ? static_cast<const char*>(nl) - body_.data() : body_.size();
-        line = body_.sliced(from_, end - from_);
-        from_ = end + 1;
-        if (line.endsWith('\r')) line.chop(1);
+    while (NextAny(line))
         if (!line.trimmed().isEmpty()) return true;
-    }
     return false;
 }
 
 bool Lines::Peek(QByteArrayView& line) const {
     Lines copy = *this;
-    return copy.Next(line);
+    return copy.NextAny(line);
 }
 
 qsizetype Lines::Count(QByteArrayView body) {
@@ -75,16 +79,15 @@ qsizetype Lines::Count(QByteArrayView body) {
 }
 
 Fields::Fields(QByteArrayView line) : line_(line) {
-    qsizetype pos = 0;
-    const qsizetype n = line.size();
-    while (pos < n && count_ < kMax) {
-        while (pos < n && line[pos] == ' ') ++pos;
-        const qsizetype start = pos;
-        while (pos < n && line[pos] != ' ') ++pos;
-        if (pos == start) break;
-        begin_[count_] = start;
-        end_[count_] = pos;
-        ++count_;
+    const char* const data = line.data();
+    const char* const end = data + line.size();
+    const char* p = data;
+    while (count_ < kMax) {
+        while (p != end && *p == ' ') ++p;
+        if (p == end) break;
+        begin_[count_] = p - data;
+        while (p != end && *p != ' ') ++p;
+        end_[count_++] = p - data;
     }
 }
 
@@ -151,21 +154,35 @@ QByteArrayView NameFrom(QByteArrayView line, qsizetype from, int blanks) {
 
 int MonthOf(QByteArrayView name) {
     struct Name {
-        const char* text;
+        QByteArrayView text;
         int month;
     };
-    // German as "Mär" in UTF-8 and Latin-1 and the older "Mrz"; Russian in
-    // UTF-8, both the nominative and the genitive of May.
+    // The ASCII names first. German also as "Mär" in Latin-1 and UTF-8;
+    // Russian in UTF-8, both the nominative and the genitive of May.
     static const Name kNames[] = {
-        {"jan", 1},      {"feb", 2},      {"mar", 3},      {"apr", 4},      {"may", 5},       {"jun", 6},
-        {"jul", 7},      {"aug", 8},      {"sep", 9},      {"oct", 10},     {"nov", 11},      {"dec", 12},
-        {"m\xc3\xa4r", 3}, {"m\xc3\x84r", 3}, {"m\xe4r", 3},  {"m\xc4r", 3},  {"mrz", 3},       {"mai", 5},
-        {"okt", 10},     {"dez", 12},     {"янв", 1},      {"фев", 2},      {"мар", 3},       {"апр", 4},
-        {"май", 5},      {"мая", 5},      {"июн", 6},      {"июл", 7},      {"авг", 8},       {"сен", 9},
-        {"окт", 10},     {"ноя", 11},     {"дек", 12},
+        {"jan", 1},       {"feb", 2},       {"mar", 3},       {"apr", 4},        {"may", 5},        {"jun", 6},
+        {"jul", 7},       {"aug", 8},       {"sep", 9},       {"oct", 10},       {"nov", 11},       {"dec", 12},
+        {"mrz", 3},       {"mai", 5},       {"okt", 10},      {"dez", 12},       {"m\xe4r", 3},     {"m\xc4r", 3},
+        {"m\xc3\xa4r", 3}, {"m\xc3\x84r", 3}, {"янв", 1},       {"фев", 2},        {"мар", 3},        {"апр", 4},
+        {"май", 5},       {"мая", 5},       {"июн", 6},       {"июл", 7},        {"авг", 8},        {"сен", 9},
+        {"окт", 10},      {"ноя", 11},      {"дек", 12},
     };
     if (name.endsWith('.')) name.chop(1);
     if (name.size() < 3 || name.size() > 6) return 0;
+    // Most fields tested are owners, groups and sizes: turn them away on
+    // their first letter.
+    switch (Lower(name[0])) {
+    case 'j': case 'f': case 'm': case 'a': case 's': case 'o': case 'n': case 'd': break;
+    default:
+        if (name[0] >= 0) return 0;  // not ASCII: Cyrillic
+    }
+    constexpr int kAsciiNames = 16;
+    if (name.size() == 3 && name[0] > 0 && name[1] > 0 && name[2] > 0) {
+        const char lower[3] = {Lower(name[0]), Lower(name[1]), Lower(name[2])};
+        for (int i = 0; i < kAsciiNames; ++i)
+            if (std::memcmp(lower, kNames[i].text.data(), 3) == 0) return kNames[i].month;
+        return 0;
+    }
     for (const Name& n : kNames)
         if (EqualsNoCase(name, n.text)) return n.month;
     return 0;

@@ -45,11 +45,13 @@ class Lines {
 public:
     explicit Lines(QByteArrayView body) : body_(body) {}
     bool Next(QByteArrayView& line);
-    // The line Next would give, without taking it.
+    // The line right behind the last one, blank or not, without taking it.
     bool Peek(QByteArrayView& line) const;
     static qsizetype Count(QByteArrayView body);
 
 private:
+    bool NextAny(QByteArrayView& line);
+
     QByteArrayView body_;
     qsizetype from_ = 0;
 };
@@ -69,8 +71,10 @@ public:
 private:
     QByteArrayView line_;
     int count_ = 0;
-    std::array<qsizetype, kMax> begin_{};
-    std::array<qsizetype, kMax> end_{};
+    // Only the first count_ are set: a listing splits every line, and
+    // clearing the rest each time would cost more than the splitting.
+    std::array<qsizetype, kMax> begin_;
+    std::array<qsizetype, kMax> end_;
 };
 
 inline bool IsDigit(char c) {

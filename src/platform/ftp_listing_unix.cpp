@@ -7,10 +7,19 @@ namespace ftp::detail {
 namespace {
 
 // "rwxr-xr-x" behind a type letter; ACL marks ("+", ".") may follow.
+// Tested on every line of a listing, so without any search.
 bool IsModeField(QByteArrayView f) {
-    if (f.size() < 10 || !Has("-dlcbpsD", f[0])) return false;
-    for (int i = 1; i < 10; ++i)
-        if (!Has("-rwxsStTlL", f[i])) return false;
+    if (f.size() < 10) return false;
+    switch (f[0]) {
+    case '-': case 'd': case 'l': case 'c': case 'b': case 'p': case 's': case 'D': break;
+    default: return false;
+    }
+    for (int i = 1; i < 10; ++i) {
+        switch (f[i]) {
+        case '-': case 'r': case 'w': case 'x': case 's': case 'S': case 't': case 'T': case 'l': case 'L': break;
+        default: return false;
+        }
+    }
     return true;
 }
 
@@ -109,30 +118,20 @@ bool ReadUnix(QByteArrayView line, const Now& now, Listed& out) {
     // Mode, owner and size come before the date, link count and group
     // usually too: it begins at field 3 to 5. An owner named like a month
     // with a group of 1-31 ("may 12 4096 Mar 5 2001") looks like a date
-    // further left, so the last date there counts. Beyond those columns
-    // (an owner with blanks) or before them (no owner), the first one.
-    DateAt chosen, d;
-    int at = 0, early = 0;
-    DateAt earlyDate;
-    for (int i = 1; i + 1 < f.size(); ++i) {
-        if (i > 5 && (at != 0 || early != 0)) break;
-        if (!IsSizeColumn(f[i - 1]) || !DateAtField(f, i, now, d)) continue;
-        if (i < 3) {
-            if (early == 0) {
-                early = i;
-                earlyDate = d;
-            }
-            continue;
-        }
-        at = i;
-        chosen = d;
-        if (i > 5) break;
-    }
-    if (at == 0) {
-        if (early == 0) return false;
-        at = early;
-        chosen = earlyDate;
-    }
+    // further left, so the rightmost there counts. Failing that, one right
+    // behind the mode (no owner), then the first further right (an owner
+    // with blanks). The mode itself never ends like a size, so the date
+    // can't begin at field 1.
+    DateAt chosen;
+    const auto dateAt = [&](int i) {
+        return i + 1 < f.size() && IsSizeColumn(f[i - 1]) && DateAtField(f, i, now, chosen);
+    };
+    int at = 0;
+    for (int i = 5; i >= 2 && at == 0; --i)
+        if (dateAt(i)) at = i;
+    for (int i = 6; i + 1 < f.size() && at == 0; ++i)
+        if (dateAt(i)) at = i;
+    if (at == 0) return false;
 
     // One blank separates the time or year from the name; any further
     // blanks belong to the name.
