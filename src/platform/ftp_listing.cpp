@@ -57,7 +57,7 @@ bool IsUnsafeRawName(QByteArrayView raw) {
 std::vector<WIN32_FIND_DATA> ParseList(const QByteArray& body, const NameDecoder& decode, const QDateTime& now) {
     using namespace detail;
     std::vector<WIN32_FIND_DATA> out;
-    out.reserve(size_t(Lines::Count(body)));
+    out.reserve(ExpectedEntries(body));
     const Now clock(now);
     Lines lines(body);
     QByteArrayView line, next;

@@ -70,14 +70,6 @@ bool Lines::Peek(QByteArrayView& line) const {
     return copy.NextAny(line);
 }
 
-qsizetype Lines::Count(QByteArrayView body) {
-    qsizetype n = 1;
-    for (const char* p = body.data(), *end = p + body.size();
-         (p = static_cast<const char*>(std::memchr(p, '\n', size_t(end - p)))) != nullptr; ++p)
-        ++n;
-    return n;
-}
-
 Fields::Fields(QByteArrayView line) : line_(line) {
     const char* const data = line.data();
     const char* const end = data + line.size();

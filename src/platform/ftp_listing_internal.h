@@ -47,7 +47,6 @@ public:
     bool Next(QByteArrayView& line);
     // The line right behind the last one, blank or not, without taking it.
     bool Peek(QByteArrayView& line) const;
-    static qsizetype Count(QByteArrayView body);
 
 private:
     bool NextAny(QByteArrayView& line);
@@ -129,6 +128,13 @@ bool ReadVms(QByteArrayView line, const Now& now, Listed& out);
 // the next.
 bool IsVmsNameLine(QByteArrayView line);
 bool ReadVmsWrapped(QByteArrayView nameLine, QByteArrayView detailLine, Listed& out);
+
+// Room for the records of a body: real entry lines are 60 bytes and more,
+// and a record is about 100 bytes, so a body of short junk lines can't make
+// this reserve more than about one and a half times its own size.
+inline size_t ExpectedEntries(QByteArrayView body) {
+    return size_t(body.size() / 64);
+}
 
 // Checks the name (raw and decoded), decodes it and appends the record.
 void Emit(const Listed& e, const NameDecoder& decode, std::vector<WIN32_FIND_DATA>& out);

@@ -115,7 +115,7 @@ namespace ftp {
 
 std::vector<WIN32_FIND_DATA> ParseMlsd(const QByteArray& body, const NameDecoder& decode) {
     std::vector<WIN32_FIND_DATA> out;
-    out.reserve(size_t(detail::Lines::Count(body)));
+    out.reserve(detail::ExpectedEntries(body));
     detail::Lines lines(body);
     QByteArrayView line;
     detail::Listed e;
