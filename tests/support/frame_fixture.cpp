@@ -26,8 +26,9 @@ void FrameTest::SetUp() {
         }
         return answer;
     });
-    seams::SetInputBoxHandler([this](const QString& prompt, const QString&, const QString&) {
-        inputPrompts.push_back(prompt);
+    seams::SetInputBoxHandler([this](const seams::InputBoxCall& call) {
+        inputPrompts.push_back(call.prompt);
+        inputBoxes.push_back(call);
         if (inputAnswers.empty()) return QString();
         QString a = inputAnswers.front();
         inputAnswers.pop_front();
