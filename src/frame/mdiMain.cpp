@@ -96,6 +96,7 @@ void MdiMain::Form_Load() {
     // Choosing AUTO reads the log, so the log form exists from here on.
     LoadCaptions();
     LoadPanes();
+    PlugServerCommands();
     MDIForm_Resize();
     txtAddress->SetFocus();
     lTransferMode = FTP_TRANSFER_TYPE_BINARY;
