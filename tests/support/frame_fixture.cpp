@@ -9,6 +9,7 @@
 #include "platform/localfs.h"
 #include "platform/wininet.h"
 #include "server/frmServer.h"
+#include "serverops/frmPopUpfrmServer.h"
 #include "shared/mPublic.h"
 #include "support/ftp_server.h"
 
@@ -71,6 +72,7 @@ void FrameTest::UnloadAll() {
     frmServer.Unload();
     frmTransferHistory.Unload();
     frmUploadDownload.Unload();
+    frmPopUpfrmServer.Unload();
     if (mdiMain.Exists()) {
         mdiMain().timIsConnected->SetEnabled(false);
         mdiMain.Unload();
