@@ -5,10 +5,12 @@
 
 #include "frame/mdiMain.h"
 #include "language/mDataBase.h"
+#include "serverops/frmPopUpfrmServer.h"
 #include "serverops/mDelete.h"
 #include "shared/mPublic.h"
 
 #include <QDir>
+#include <QFile>
 #include <QRegularExpression>
 
 namespace {
@@ -230,6 +232,41 @@ TEST_F(ServerDelete, AServerThatRefusesEveryWriteLeavesTheTreeWholeAndEveryStepR
     const QString here = server.serverRoot();
     EXPECT_EQ(Log(), QStringList({Deleting(here + "/two.txt"), Failed(), Deleting(here + "/d/one.txt"), Failed(),
                                   Deleting(here + "/d"), Failed()}));
+}
+
+TEST_F(ServerDelete, AReadOnlyFolderInsideIsWalkedThoughTheListShowsItAmongTheFiles) {
+    FtpServer server(Kind::Vsftpd);
+    server.WriteFile("p/ro/z.txt", "z");
+    QFile::setPermissions(server.root() + "/p/ro", QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup |
+                                                       QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther);
+    Open(server);
+
+    ClickRow("p");
+    ClickButton("del");
+    const QString here = server.serverRoot();
+    EXPECT_EQ(Log(), QStringList({Deleting(here + "/p/ro//z.txt"), Ok(), Deleting(here + "/p/ro/"), Ok(),
+                                  Deleting(here + "/p"), Ok()}));
+    EXPECT_FALSE(server.Exists("p"));
+}
+
+TEST_F(ServerDelete, ThePopupAndTheFrameMenuDeleteWithoutAQuestionAndPruneTheCombo) {
+    FtpServer server(Kind::PyftpdlibBareCwdFails);
+    server.MakeFolder("one");
+    server.MakeFolder("two");
+    Open(server);
+    list().DoubleClickRow(RowOf("one"));
+    list().DoubleClickRow(RowOf(".."));
+    list().DoubleClickRow(RowOf("two"));
+    list().DoubleClickRow(RowOf(".."));
+
+    ClickRow("one");
+    frmPopUpfrmServer().mnuLoeschen->trigger();
+    ClickRow("two");
+    mdiMain().mnuMyServerLoeschen_Click();
+    EXPECT_TRUE(boxes.empty());
+    EXPECT_FALSE(server.Exists("one") || server.Exists("two"));
+    EXPECT_EQ(ComboItems(), QStringList({"/"}));
+    EXPECT_EQ(Rows(), QStringList({".."}));
 }
 
 TEST_F(ServerDelete, WithoutAConnectionTheToolbarRefusesAndTheDeleteKeyStillAsks) {
