@@ -4,7 +4,6 @@
 #include "support/ftp_server.h"
 
 #include "frame/mdiMain.h"
-#include "frame/watch.h"
 #include "language/mDataBase.h"
 #include "platform/wininet.h"
 #include "shared/mPublic.h"

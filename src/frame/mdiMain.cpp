@@ -52,6 +52,10 @@ MdiMain::MdiMain() {
 
     pgbBottom = new controls::ProgressBar(this);
     pgbBottom->setFixedHeight(ToPixels(135));
+    // Hiding the bar leaves its strip: the panes keep their places.
+    QSizePolicy barPolicy = pgbBottom->sizePolicy();
+    barPolicy.setRetainSizeWhenHidden(true);
+    pgbBottom->setSizePolicy(barPolicy);
     layout->addWidget(pgbBottom);
 
     timIsConnected = new controls::Timer(this);
@@ -65,7 +69,8 @@ MdiMain::MdiMain() {
     imgDir = new controls::ImageList(this);
     for (const char* picture : {"folder", "folder", "unknown", "unknown"})
         imgDir->Add(QString(), shell::BundledIcon(QString::fromLatin1(picture)));
-    Frame() = FrameControls{imgListLarge, imgListSmall, imgDir, cboTransferMode, timIsConnected};
+    Frame() = FrameControls{imgListLarge, imgListSmall, imgDir, cboTransferMode, timIsConnected, pgbBottom,
+                            txtAddress, txtPort, txtUserID, txtPassword, chkPassiveTransfer};
 
     setWindowIcon(shell::BundledIcon(QStringLiteral("app")));
     const int chrome = menuBar->sizeHint().height() + picTop->height() + pgbBottom->height();
@@ -91,6 +96,7 @@ void MdiMain::Form_Load() {
     // Choosing AUTO reads the log, so the log form exists from here on.
     LoadCaptions();
     LoadPanes();
+    PlugServerCommands();
     MDIForm_Resize();
     txtAddress->SetFocus();
     lTransferMode = FTP_TRANSFER_TYPE_BINARY;

@@ -133,6 +133,12 @@ public:
     // Layout (layout.cpp).
     void MDIForm_Resize();
 
+    // The server menu's commands on files (serverCommands.cpp); each tests
+    // the connection first.
+    void mnuMyServerUmbenennen_Click();
+    void mnuMyServerLoeschen_Click();
+    void mnuMyServerNeuOrdner_Click();
+
 protected:
     void Form_Resize() override { MDIForm_Resize(); }
     void closeEvent(QCloseEvent* e) override;
@@ -146,6 +152,8 @@ private:
     static int ConnectionBarWidth();
     bool ConnectionBarFits(const QFont& font) const;
     void FitConnectionBarFont();
+    // Gives the server pane its commands on files.
+    static void PlugServerCommands();
     QWidget* clientArea = nullptr;
 };
 

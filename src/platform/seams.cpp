@@ -1,5 +1,6 @@
 #include "platform/seams.h"
 
+#include "platform/controls/twips.h"
 #include "platform/tempfolder.h"
 
 #include <QApplication>
@@ -81,13 +82,15 @@ int MsgBox(const QString& prompt, int flags, const QString& title) {
     return ShowRealBox(call);
 }
 
-QString InputBox(const QString& prompt, const QString& title, const QString& defaultText) {
-    if (inputBoxHandler()) return inputBoxHandler()(prompt, title, defaultText);
-    bool ok = false;
-    const QString answer = QInputDialog::getText(QApplication::activeWindow(),
-                                                 title.isEmpty() ? QStringLiteral("Ferrydock") : title,
-                                                 prompt, QLineEdit::Normal, defaultText, &ok);
-    return ok ? answer : QString();
+QString InputBox(const QString& prompt, const QString& title, const QString& defaultText, int xPos, int yPos) {
+    if (inputBoxHandler()) return inputBoxHandler()(seams::InputBoxCall{prompt, title, defaultText, xPos, yPos});
+    QInputDialog box(QApplication::activeWindow());
+    box.setWindowTitle(title.isEmpty() ? QStringLiteral("Ferrydock") : title);
+    box.setLabelText(prompt);
+    box.setTextValue(defaultText);
+    // A box that was moved keeps its place when shown.
+    if (xPos != kBoxUnplaced && yPos != kBoxUnplaced) box.move(ToPixels(xPos), ToPixels(yPos));
+    return box.exec() == QDialog::Accepted ? box.textValue() : QString();
 }
 
 bool StartProgram(const QString& program, const QString& parameters) {

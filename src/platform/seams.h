@@ -18,9 +18,12 @@ constexpr int vbYes = 6;
 constexpr int vbNo = 7;
 
 int MsgBox(const QString& prompt, int flags = 0, const QString& title = QString());
-// Empty text for Cancel, as for an empty answer.
+// Empty text for Cancel, as for an empty answer. xPos and yPos place the
+// box's top left corner on the screen, in twips; without them the desktop
+// places it.
+constexpr int kBoxUnplaced = -2147483647 - 1;
 QString InputBox(const QString& prompt, const QString& title = QString(),
-                 const QString& defaultText = QString());
+                 const QString& defaultText = QString(), int xPos = kBoxUnplaced, int yPos = kBoxUnplaced);
 // Starts `program` detached with a parameter string split at blanks.
 bool StartProgram(const QString& program, const QString& parameters);
 void ClipboardClear();
@@ -36,9 +39,16 @@ struct MessageBoxCall {
     QString title;
 };
 
+struct InputBoxCall {
+    QString prompt;
+    QString title;
+    QString defaultText;
+    int xPos = kBoxUnplaced;
+    int yPos = kBoxUnplaced;
+};
+
 using MsgBoxHandler = std::function<int(const MessageBoxCall&)>;
-using InputBoxHandler = std::function<QString(const QString& prompt, const QString& title,
-                                              const QString& defaultText)>;
+using InputBoxHandler = std::function<QString(const InputBoxCall&)>;
 using StartHandler = std::function<bool(const QString& program, const QString& parameters)>;
 using EndHandler = std::function<void()>;
 

@@ -33,6 +33,9 @@ FrmServer::FrmServer() {
     cboServer->onClick = [this] { cboServer_Click(); };
     lsvServer->onDblClick = [this] { lsvServer_DblClick(); };
     lsvServer->onKeyDown = [this](int& keyCode, int shift) { lsvServer_KeyDown(keyCode, shift); };
+    // Delete in the list deletes on the server, whatever the frame's
+    // shortcut for it does elsewhere.
+    lsvServer->ownKeys = {controls::vbKeyDelete};
     tlbServerLinks->onButtonClick = [this](const QString& key) { tlbServerLinks_ButtonClick(key); };
     tlbServerRechts->onButtonClick = [this](const QString& key) { tlbServerRechts_ButtonClick(key); };
 }
@@ -108,8 +111,24 @@ void FrmServer::lsvServer_DblClick() {
     SelectServerPath(GetServerDirectory(), bFound);
 }
 
+namespace {
+void Run(const std::function<void()>& command) {
+    if (command) command();
+}
+}  // namespace
+
 void FrmServer::lsvServer_KeyDown(int& keyCode, int) {
-    if (keyCode == controls::vbKeyF5) RefreshServer(hConnection);
+    if (keyCode == controls::vbKeyDelete) {
+        // Kept: the question is fixed English text, not from the catalogue,
+        // and it comes without a connection too. This path doesn't prune
+        // the combo.
+        if (MsgBox(QStringLiteral("Delete Selection?"), vbYesNo, QStringLiteral("Ferrydock")) == vbYes) {
+            Run(fileCommands.DeleteServerSelection);
+            RefreshServer(hConnection);
+        }
+    } else if (keyCode == controls::vbKeyF5) {
+        RefreshServer(hConnection);
+    }
 }
 
 void FrmServer::tlbServerLinks_ButtonClick(const QString& key) {
@@ -129,8 +148,14 @@ void FrmServer::tlbServerLinks_ButtonClick(const QString& key) {
         SetMousePointer(vbHourglass);
         RefreshServer(hConnection);
         SetMousePointer(vbDefault);
+    } else if (key == u"del") {
+        Run(fileCommands.DeleteServerSelection);
+        RefreshServer(hConnection);
+        Run(fileCommands.PruneServerCombo);
+    } else if (key == u"new") {
+        Run(fileCommands.NewFolder);
     }
-    // "del", "open", "new" and "download" come with the server commands.
+    // "open" and "download" come with the transfers.
 }
 
 void FrmServer::tlbServerRechts_ButtonClick(const QString& key) {

@@ -11,6 +11,7 @@
 #include "platform/wintypes.h"
 
 #include <QGroupBox>
+#include <functional>
 
 class FrmServer : public controls::Form {
     Q_OBJECT
@@ -39,6 +40,15 @@ public:
     void tlbServerRechts_ButtonClick(const QString& key);
 
     bool bFound = false;
+
+    // The commands on the server's files live in a folder after this one;
+    // the frame plugs them in when it loads. Unplugged, they do nothing.
+    struct FileCommands {
+        std::function<void()> DeleteServerSelection;
+        std::function<void()> PruneServerCombo;
+        std::function<void()> NewFolder;  // the steps behind "new"
+    };
+    FileCommands fileCommands;
 
 protected:
     void Form_Resize() override;

@@ -3,8 +3,11 @@
 // while there is no frame, and then what would use them does nothing.
 #pragma once
 
+#include "platform/controls/CheckBox.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/ImageList.h"
+#include "platform/controls/ProgressBar.h"
+#include "platform/controls/TextBox.h"
 #include "platform/controls/Timer.h"
 
 #include <QPointer>
@@ -18,6 +21,14 @@ struct FrameControls {
     // The transfer mode's combo (ListIndex 2 is AUTO) and the watch timer.
     QPointer<controls::ComboBox> cboTransferMode;
     QPointer<controls::Timer> timIsConnected;
+    // The progress bar under the panes.
+    QPointer<controls::ProgressBar> pgbBottom;
+    // The connection bar, which the silent reconnect reads at each call.
+    QPointer<controls::TextBox> txtAddress;
+    QPointer<controls::TextBox> txtPort;
+    QPointer<controls::TextBox> txtUserID;
+    QPointer<controls::TextBox> txtPassword;
+    QPointer<controls::CheckBox> chkPassiveTransfer;
 };
 
 FrameControls& Frame();

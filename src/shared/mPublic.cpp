@@ -43,6 +43,24 @@ bool SetServerDirectory(const QString& sPath) {
     return FtpSetCurrentDirectoryA(hConnection, sPath);
 }
 
+bool CreateServerDirectory(const QString& sName) {
+    return FtpCreateDirectoryA(hConnection, sName);
+}
+
+QString ReplaceInString(QString& sText, const QString& sFind, const QString& sReplace) {
+    if (sFind.isEmpty()) return sText;
+    qsizetype position = 0;
+    for (;;) {
+        const qsizetype found = sText.indexOf(sFind, position, Qt::CaseInsensitive);
+        if (found < 0) return sText;
+        QString sLeft = sText.left(found);
+        const QString sRight = sText.mid(found + sFind.size());
+        while (sLeft.endsWith(u' ')) sLeft.chop(1);
+        sText = sLeft + sReplace + sRight;
+        position = found + (sReplace.size() <= 1 ? 1 : sReplace.size() - 1);
+    }
+}
+
 namespace {
 // "&H" (hexadecimal) and "&O" (octal) numbers: up to 16 bits they are the
 // 16-bit pattern (&HFFFF is -1), up to 32 bits the 32-bit one, which then

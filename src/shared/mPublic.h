@@ -32,6 +32,23 @@ inline const QString vbCrLf = QStringLiteral("\r\n");
 QString GetServerDirectory();
 bool SetServerDirectory(const QString& sPath);
 
+// The silent reconnect that walks and the watch use: a new session and a
+// new hConnection from the connection bar's texts as they stand, at "/".
+// A failure shows its box and leaves hConnection 0.
+void Reinitialize_Internet();
+bool ReopenConnection(const QString& sServer, const QString& sPort, const QString& sUser,
+                      const QString& sPassword);
+
+// A folder made in the server's current directory, the name as given.
+bool CreateServerDirectory(const QString& sName);
+
+// Replaces every sFind (ignoring case) in sText in place and returns it.
+// Kept: blanks in front of each find are dropped, and the next search
+// starts one past the find, or on the last character of a longer
+// replacement (so a longer sReplace must not end in sFind, or the search
+// finds it again forever). An empty sFind replaces nothing.
+QString ReplaceInString(QString& sText, const QString& sFind, const QString& sReplace);
+
 // A port text as a 16-bit integer conversion of text reads it: decimal,
 // "&H" hexadecimal or "&O" octal; nothing for letters, empty text or values
 // outside -32768..32767.

@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
         Print("box", call.prompt);
         return vbOK;
     });
-    seams::SetInputBoxHandler([](const QString&, const QString&, const QString&) { return QStringLiteral("zzprobe"); });
+    seams::SetInputBoxHandler([](const seams::InputBoxCall&) { return QStringLiteral("zzprobe"); });
 
     auto& start = frmStart();
     QStringList languages;

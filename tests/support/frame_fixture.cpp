@@ -9,6 +9,7 @@
 #include "platform/localfs.h"
 #include "platform/wininet.h"
 #include "server/frmServer.h"
+#include "serverops/frmPopUpfrmServer.h"
 #include "shared/mPublic.h"
 #include "support/ftp_server.h"
 
@@ -26,8 +27,9 @@ void FrameTest::SetUp() {
         }
         return answer;
     });
-    seams::SetInputBoxHandler([this](const QString& prompt, const QString&, const QString&) {
-        inputPrompts.push_back(prompt);
+    seams::SetInputBoxHandler([this](const seams::InputBoxCall& call) {
+        inputPrompts.push_back(call.prompt);
+        inputBoxes.push_back(call);
         if (inputAnswers.empty()) return QString();
         QString a = inputAnswers.front();
         inputAnswers.pop_front();
@@ -70,6 +72,7 @@ void FrameTest::UnloadAll() {
     frmServer.Unload();
     frmTransferHistory.Unload();
     frmUploadDownload.Unload();
+    frmPopUpfrmServer.Unload();
     if (mdiMain.Exists()) {
         mdiMain().timIsConnected->SetEnabled(false);
         mdiMain.Unload();

@@ -118,6 +118,8 @@ bool FtpServer::Start() {
         if (kind_ == Kind::PyftpdlibWithDots) args << QStringLiteral("--dots");
         if (kind_ == Kind::PyftpdlibPassiveOnly) args << QStringLiteral("--passive-only");
         if (kind_ == Kind::PyftpdlibPwdFails) args << QStringLiteral("--pwd-fails");
+        if (kind_ == Kind::PyftpdlibBareCwdFails) args << QStringLiteral("--bare-cwd-fails");
+        args << QStringLiteral("--log") << dir_->path() + "/commands.log";
         process_->start(QStringLiteral("/usr/bin/python3"), args);
     } else {
         const int pasv = PassiveBase(port_);
@@ -202,4 +204,18 @@ QByteArray FtpServer::ReadFile(const QString& relative) const {
 
 void FtpServer::MakeFolder(const QString& relative) const {
     QDir().mkpath(root() + "/" + relative);
+}
+
+bool FtpServer::Exists(const QString& relative) const {
+    return QFileInfo::exists(root() + "/" + relative);
+}
+
+QStringList FtpServer::Commands() const {
+    QFile f(dir_->path() + "/commands.log");
+    if (!f.open(QIODevice::ReadOnly)) return {};
+    return QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts);
+}
+
+void FtpServer::ClearCommands() const {
+    QFile::remove(dir_->path() + "/commands.log");
 }

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <memory>
 
 class QProcess;
@@ -20,7 +21,17 @@ public:
     // PyftpdlibPassiveOnly: PORT and EPRT are refused.
     // PyftpdlibPwdFails: every PWD is answered 550.
     // VsftpdLatin1: vsftpd without UTF8 in FEAT, so names travel as Latin-1.
-    enum class Kind { Pyftpdlib, Vsftpd, PyftpdlibWithDots, PyftpdlibPassiveOnly, PyftpdlibPwdFails, VsftpdLatin1 };
+    // PyftpdlibBareCwdFails: a CWD without a folder is refused, as vsftpd
+    // and most servers do, rather than taken as the root.
+    enum class Kind {
+        Pyftpdlib,
+        Vsftpd,
+        PyftpdlibWithDots,
+        PyftpdlibPassiveOnly,
+        PyftpdlibPwdFails,
+        VsftpdLatin1,
+        PyftpdlibBareCwdFails
+    };
     // readOnly (vsftpd only): every write is refused.
     explicit FtpServer(Kind kind, bool readOnly = false);
     FtpServer(const FtpServer&) = delete;
@@ -50,6 +61,13 @@ public:
     void WriteFile(const QString& relative, const QByteArray& content) const;
     QByteArray ReadFile(const QString& relative) const;
     void MakeFolder(const QString& relative) const;
+    bool Exists(const QString& relative) const;
+
+    // pyftpdlib: the folder commands the server answered, oldest first, as
+    // "DELE /a/f 250" (the command, the session's path, the reply code).
+    // Files whose names start with "locked" can't be deleted or renamed.
+    QStringList Commands() const;
+    void ClearCommands() const;
 
 private:
     bool IsVsftpd() const { return kind_ == Kind::Vsftpd || kind_ == Kind::VsftpdLatin1; }

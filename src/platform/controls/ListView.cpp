@@ -296,6 +296,15 @@ void ListView::DoubleClickRow(int index) {
 
 bool ListView::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        if (onKeyDown && (watched == iconView_ || watched == reportView_)) {
+            auto* ke = static_cast<QKeyEvent*>(event);
+            if ((ke->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && ownKeys.contains(KeyCodeOf(ke))) {
+                event->accept();
+                return true;
+            }
+        }
+        break;
     case QEvent::KeyPress:
         if (onKeyDown && (watched == iconView_ || watched == reportView_)) {
             auto* ke = static_cast<QKeyEvent*>(event);

@@ -10,6 +10,7 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QSet>
 #include <QStackedWidget>
 #include <functional>
 #include <utility>
@@ -74,6 +75,10 @@ public:
 
     std::function<void()> onDblClick;
     std::function<void(int& keyCode, int shift)> onKeyDown;
+    // Key codes that, pressed without Shift, Ctrl or Alt, go to onKeyDown
+    // even where a shortcut of the window has them: while the list has the
+    // focus its own keys win.
+    QSet<int> ownKeys;
     std::function<void(int button, int shift, int x, int y)> onMouseDown;
     std::function<void(int button, int shift, int x, int y)> onMouseUp;
 

@@ -1,6 +1,18 @@
 #include "platform/controls/twips.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
+
+int ScreenWidth() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? ToTwips(screen->geometry().width()) : 0;
+}
+
+int ScreenHeight() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? ToTwips(screen->geometry().height()) : 0;
+}
 
 namespace controls {
 

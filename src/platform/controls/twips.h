@@ -8,6 +8,11 @@ constexpr int kTwipsPerPixel = 15;
 constexpr int ToPixels(int twips) { return twips / kTwipsPerPixel; }
 constexpr int ToTwips(int pixels) { return pixels * kTwipsPerPixel; }
 
+// Screen.Width and Screen.Height: the primary screen's size in twips, 0
+// without a screen.
+int ScreenWidth();
+int ScreenHeight();
+
 namespace controls {
 
 // A control's place and outer size in twips; 0 for no control.
