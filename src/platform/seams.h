@@ -18,10 +18,12 @@ constexpr int vbYes = 6;
 constexpr int vbNo = 7;
 
 int MsgBox(const QString& prompt, int flags = 0, const QString& title = QString());
-// Empty text for Cancel, as for an empty answer.
+// Empty text for Cancel, as for an empty answer. The box's top left corner
+// goes to xPos, yPos (twips on the screen) when both are given.
 QString InputBox(const QString& prompt, const QString& title = QString(),
-                 const QString& defaultText = QString());
-// Starts `program` detached with a parameter string split at blanks.
+                 const QString& defaultText = QString(), int xPos = -1, int yPos = -1);
+// Starts `program` detached with a parameter string split at blanks (see
+// ShellExecuteA in desktop.h for what a program and its pieces may be).
 bool StartProgram(const QString& program, const QString& parameters);
 void ClipboardClear();
 // Ends the process at once, wherever it is called from.
