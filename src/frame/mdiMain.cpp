@@ -65,7 +65,7 @@ MdiMain::MdiMain() {
     imgDir = new controls::ImageList(this);
     for (const char* picture : {"folder", "folder", "unknown", "unknown"})
         imgDir->Add(QString(), shell::BundledIcon(QString::fromLatin1(picture)));
-    Frame() = FrameControls{imgListLarge, imgListSmall, imgDir, cboTransferMode, timIsConnected};
+    Frame() = FrameControls{imgListLarge, imgListSmall, imgDir, cboTransferMode, timIsConnected, pgbBottom};
 
     setWindowIcon(shell::BundledIcon(QStringLiteral("app")));
     const int chrome = menuBar->sizeHint().height() + picTop->height() + pgbBottom->height();

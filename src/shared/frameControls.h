@@ -5,6 +5,7 @@
 
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/ImageList.h"
+#include "platform/controls/ProgressBar.h"
 #include "platform/controls/Timer.h"
 
 #include <QPointer>
@@ -18,6 +19,8 @@ struct FrameControls {
     // The transfer mode's combo (ListIndex 2 is AUTO) and the watch timer.
     QPointer<controls::ComboBox> cboTransferMode;
     QPointer<controls::Timer> timIsConnected;
+    // The bar at the frame's foot.
+    QPointer<controls::ProgressBar> pgbBottom;
 };
 
 FrameControls& Frame();

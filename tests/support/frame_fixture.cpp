@@ -6,6 +6,7 @@
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
+#include "local/frmPopUpfrmLocal.h"
 #include "platform/localfs.h"
 #include "platform/wininet.h"
 #include "server/frmServer.h"
@@ -26,8 +27,9 @@ void FrameTest::SetUp() {
         }
         return answer;
     });
-    seams::SetInputBoxHandler([this](const QString& prompt, const QString&, const QString&) {
+    seams::SetInputBoxHandler([this](const QString& prompt, const QString&, const QString& defaultText) {
         inputPrompts.push_back(prompt);
+        inputDefaults.push_back(defaultText);
         if (inputAnswers.empty()) return QString();
         QString a = inputAnswers.front();
         inputAnswers.pop_front();
@@ -66,6 +68,7 @@ void FrameTest::StartFrame() {
 
 void FrameTest::UnloadAll() {
     // Children before the frame, as the frame's own unload does.
+    frmPopUpfrmLocal.Unload();
     frmLocal.Unload();
     frmServer.Unload();
     frmTransferHistory.Unload();

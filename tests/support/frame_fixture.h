@@ -58,6 +58,7 @@ protected:
     std::deque<int> boxAnswers;                // answers; vbOK / vbNo when empty
     std::deque<QString> inputAnswers;          // input boxes; "" when empty
     std::vector<QString> inputPrompts;
+    std::vector<QString> inputDefaults;
     std::vector<std::pair<QString, QString>> started;  // program, parameters
     int endCalls = 0;
 };
