@@ -153,7 +153,8 @@ TEST_F(Desktop, PropertiesGoToTheFileManagerOnTheSessionBusWithTheFilesBytes) {
     info.lpFile = W("r\xe9sum\xc3\xa9 #1.txt");
     EXPECT_TRUE(ShellExecuteEx(info));
     ASSERT_TRUE(WaitFor([&] { return !bus.Calls().isEmpty(); }));
-    const QString expected = "file://" + QString::fromLatin1((root_ + "/r\xe9sum\xc3\xa9 #1.txt").toPercentEncoding("/"));
+    const QString expected =
+        "file://" + QString::fromLatin1((root_ + "/r\xe9sum\xc3\xa9 #1.txt").toPercentEncoding("/"));
     EXPECT_EQ(bus.Calls(), QStringList{"ShowItemProperties " + expected});
     // The file manager answered: no dialog of our own.
     WaitFor([] { return false; }, 300);

@@ -30,7 +30,8 @@ TEST_F(LocalDelete, TheKeyAsksOnceForAFileAndDeletesItForGood) {
 
     const QString path = Win() + "\\a.txt";
     ASSERT_EQ(boxes.size(), 1u);
-    EXPECT_EQ(boxes[0].prompt, GetLanguageText("MSDEL_DELETEIT1") + ' ' + path + ' ' + GetLanguageText("MSDEL_DELETEIT2"));
+    EXPECT_EQ(boxes[0].prompt,
+              GetLanguageText("MSDEL_DELETEIT1") + ' ' + path + ' ' + GetLanguageText("MSDEL_DELETEIT2"));
     EXPECT_EQ(boxes[0].flags, vbYesNo);
     const auto lines = LogFrom(before);
     ASSERT_EQ(lines.size(), 2u);

@@ -50,7 +50,8 @@ TEST_P(LocalNamesUpload, OddNamesAreDistinctRowsAndUploadByteForByte) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Servers, LocalNamesUpload, ::testing::Values(FtpServer::Kind::Pyftpdlib, FtpServer::Kind::Vsftpd),
+INSTANTIATE_TEST_SUITE_P(Servers, LocalNamesUpload,
+                         ::testing::Values(FtpServer::Kind::Pyftpdlib, FtpServer::Kind::Vsftpd),
                          [](const auto& info) {
                              return std::string(info.param == FtpServer::Kind::Vsftpd ? "vsftpd" : "pyftpdlib");
                          });

@@ -45,7 +45,9 @@ FrmLocal::FrmLocal() {
     // The list's own keys go to its handler while it has the focus, before
     // the frame menu's shortcuts of the same keys.
     lsvDirFile->SetKeysBeforeShortcuts({controls::vbKeyDelete, controls::vbKeyF5});
-    lsvDirFile->onMouseDown = [this](int button, int shift, int x, int y) { lsvDirFile_MouseDown(button, shift, x, y); };
+    lsvDirFile->onMouseDown = [this](int button, int shift, int x, int y) {
+        lsvDirFile_MouseDown(button, shift, x, y);
+    };
     tlbLocal->onButtonClick = [this](const QString& key) { tlbLocal_ButtonClick(key); };
     tlbdrvDrive->onButtonClick = [this](const QString& key) { tlbdrvDrive_ButtonClick(key); };
     tlbDirOptions->onButtonClick = [this](const QString& key) { tlbDirOptions_ButtonClick(key); };

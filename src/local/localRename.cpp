@@ -26,8 +26,8 @@ void RenameLocalSelection(RenameRefresh refresh) {
     const int lLeft = ScreenWidth() / 2 - 1000;
     const int lTop = ScreenHeight() / 2 - 1500;
     AppendLogText(GetLanguageText("FRMPULOC_RENAME2") + u' ' + sOld);
-    const QString sNew =
-        InputBox(GetLanguageText("FRMPULOC_NEWNAME") + u' ' + sOld + QStringLiteral(" ?"), QString(), sOld, lLeft, lTop);
+    const QString prompt = GetLanguageText("FRMPULOC_NEWNAME") + u' ' + sOld + QStringLiteral(" ?");
+    const QString sNew = InputBox(prompt, QString(), sOld, lLeft, lTop);
     if (sNew.isEmpty()) {
         AppendLogLine(kRed, GetLanguageText("FRMPULOC_RENCANCEL"));
         return;

@@ -94,7 +94,8 @@ bool ShowPropertiesDialog(QWidget* owner, const QString& windowsPath) {
     // The name and folder as they are on disk, whatever the case asked for;
     // a drive's root is named by its drive.
     const qsizetype cut = posix.lastIndexOf('/');
-    const QString name = r.driveRoot ? localfs::detail::WindowsOf(posix) : localfs::detail::NameText(posix.mid(cut + 1));
+    const QString name =
+        r.driveRoot ? localfs::detail::WindowsOf(posix) : localfs::detail::NameText(posix.mid(cut + 1));
     const QString folder =
         r.driveRoot ? QString() : localfs::detail::WindowsOf(cut <= 0 ? QByteArray("/") : posix.left(cut));
     QDialog* dialog = NewDialog(owner, "dlgProperties", t.propertiesTitle + u' ' + name);

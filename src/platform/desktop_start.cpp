@@ -43,7 +43,8 @@ GAppInfo* ApplicationById(const QString& id) {
 
 bool LaunchApplication(GAppInfo* app, const QStringList& pieces) {
     GList* files = nullptr;
-    for (const QString& piece : pieces) files = g_list_append(files, g_file_new_for_path(ArgumentBytes(piece).constData()));
+    for (const QString& piece : pieces)
+        files = g_list_append(files, g_file_new_for_path(ArgumentBytes(piece).constData()));
     GError* error = nullptr;
     const bool ok = g_app_info_launch(app, files, nullptr, &error);
     if (error) g_error_free(error);

@@ -126,5 +126,6 @@ void LocalFolderTest::PressKey(Qt::Key key) {
 
 std::vector<FrameTest::LogLine> LocalFolderTest::LogFrom(size_t first) const {
     const std::vector<LogLine> all = LogLines();
-    return first < all.size() ? std::vector<LogLine>(all.begin() + qsizetype(first), all.end()) : std::vector<LogLine>{};
+    if (first >= all.size()) return {};
+    return std::vector<LogLine>(all.begin() + qsizetype(first), all.end());
 }
