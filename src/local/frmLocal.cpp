@@ -1,7 +1,10 @@
 #include "local/frmLocal.h"
 
 #include "language/mDataBase.h"
+#include "local/frmPopUpfrmLocal.h"
+#include "local/localOpen.h"
 #include "local/localReader.h"
+#include "local/mShellDelete.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/twips.h"
 #include "shared/mPublic.h"
@@ -39,6 +42,12 @@ FrmLocal::FrmLocal() {
     trwPaths->onNodeClick = [this](int node) { trwPaths_NodeClick(node); };
     lsvDirFile->onDblClick = [this] { lsvDirFile_DblClick(); };
     lsvDirFile->onKeyDown = [this](int& keyCode, int shift) { lsvDirFile_KeyDown(keyCode, shift); };
+    // The list's own keys go to its handler while it has the focus, before
+    // the frame menu's shortcuts of the same keys.
+    lsvDirFile->SetKeysBeforeShortcuts({controls::vbKeyDelete, controls::vbKeyF5});
+    lsvDirFile->onMouseDown = [this](int button, int shift, int x, int y) {
+        lsvDirFile_MouseDown(button, shift, x, y);
+    };
     tlbLocal->onButtonClick = [this](const QString& key) { tlbLocal_ButtonClick(key); };
     tlbdrvDrive->onButtonClick = [this](const QString& key) { tlbdrvDrive_ButtonClick(key); };
     tlbDirOptions->onButtonClick = [this](const QString& key) { tlbDirOptions_ButtonClick(key); };
@@ -97,13 +106,30 @@ void FrmLocal::tlbdrvDrive_ButtonClick(const QString& key) {
 }
 
 void FrmLocal::tlbDirOptions_ButtonClick(const QString& key) {
-    // The commands on selected rows come with the pane commands.
-    if (key == u"refresh") RefreshLocal();
+    QString sFolder = CurrentFolder();
+    const QString sFull = sFolder + lsvDirFile->Text(lsvDirFile->SelectedIndex());
+    if (key == u"del") frmPopUpfrmLocal().mnuLoeschen_Click();
+    else if (key == u"prop") ShowLocalProperties(sFull);
+    else if (key == u"new") NewLocalFolder();
+    else if (key == u"open") OpenLocalFile();
+    else if (key == u"refresh") ViewFolder(sFolder, QStringLiteral("*.*"));
+    // "upload" comes with the upload of selections.
 }
 
 void FrmLocal::lsvDirFile_KeyDown(int& keyCode, int) {
-    if (keyCode == controls::vbKeyF5) {
-        QString folder = CurrentFolder();
-        ViewFolder(folder, QStringLiteral("*.*"));
-    }
+    QString folder = CurrentFolder();
+    if (keyCode == controls::vbKeyF5) ViewFolder(folder, QStringLiteral("*.*"));
+    // Kept: the key deletes without the tree and the combo being brought
+    // into line afterwards, as the popup's and the toolbar's delete do.
+    if (keyCode == controls::vbKeyDelete) DeleteLocalSelection();
+}
+
+void FrmLocal::lsvDirFile_MouseDown(int button, int, int x, int y) {
+    // Kept: every press touches the popup form, which loads it the first
+    // time, and hides its menu.
+    auto& popup = frmPopUpfrmLocal();
+    popup.mnu->setVisible(false);
+    if (button != 2) return;
+    popup.mnu->setDefaultAction(popup.mnuUpload);
+    popup.mnu->popup(lsvDirFile->MapToGlobal(x, y));
 }

@@ -49,9 +49,23 @@ public:
     void ViewFolder(QString& pPath, const QString& pPattern);
     void ReadDrive(const QString& pDrive);
     void GetFilestrwPaths(const QString& pPath);
+    // Adds the sub-folders found by `search` as children of the node keyed
+    // pPath, sorted in `folders` by name in the given sensitivity.
+    void ReadFolderNodes(const QString& pPath, const QString& search, std::vector<tLocalFolder>& folders,
+                         Qt::CaseSensitivity cs);
+    // Asks for a name and makes that folder in the current one; the tree is
+    // read again down to the current folder, not into it.
+    void NewLocalFolder();
+
+    // What stands for the current folder when no node is selected.
+    enum class NoNode {
+        FirstNode,         // the text of node 1
+        FirstNodeLowered,  // the same, lower-cased
+        Drive,             // the drive box's first two characters
+    };
     // The folder of the selected node, walked up to its drive, with a
-    // trailing "\"; node 1 when none is selected.
-    QString CurrentFolder(bool lowerFallback = false) const;
+    // trailing "\"; `lowerParents` lowers every name above the node's own.
+    QString CurrentFolder(NoNode fallback = NoNode::FirstNode, bool lowerParents = false) const;
 
     void drvDrive_Change();
     void cboLocal_Click();
@@ -59,18 +73,20 @@ public:
     void trwPaths_NodeClick(int node);
     void lsvDirFile_DblClick();
     void lsvDirFile_KeyDown(int& keyCode, int shift);
+    void lsvDirFile_MouseDown(int button, int shift, int x, int y);
     void tlbLocal_ButtonClick(const QString& key);
     void tlbdrvDrive_ButtonClick(const QString& key);
     void tlbDirOptions_ButtonClick(const QString& key);
+
+    // Pictures of the tree's nodes in imgImages.
+    static constexpr int kRootImage = 1;
+    static constexpr int kFolderImage = 2;
+    static constexpr int kOpenFolderImage = 3;
 
 protected:
     void Form_Resize() override;
 
 private:
-    // Pictures of the tree's nodes in imgImages.
-    static constexpr int kRootImage = 1;
-    static constexpr int kFolderImage = 2;
-    static constexpr int kOpenFolderImage = 3;
     // Where the tree's first row stands, in twips.
     static constexpr int kFirstRowX = 675;
     static constexpr int kFirstRowY = 105;

@@ -9,23 +9,19 @@
 
 namespace {
 
-int CompareNames(const QString& a, const QString& b) {
-    return a.compare(b, Qt::CaseInsensitive);
-}
-
-void QuickSortLocalFolders(std::vector<tLocalFolder>& a, int lLow, int lHigh) {
+void QuickSortLocalFolders(std::vector<tLocalFolder>& a, int lLow, int lHigh, Qt::CaseSensitivity cs) {
     int i = lLow, j = lHigh;
     const QString pivot = a[size_t(PivotIndex(lLow, lHigh))].sName;
     do {
-        while (CompareNames(a[size_t(i)].sName, pivot) < 0) ++i;
-        while (CompareNames(a[size_t(j)].sName, pivot) > 0) --j;
+        while (a[size_t(i)].sName.compare(pivot, cs) < 0) ++i;
+        while (a[size_t(j)].sName.compare(pivot, cs) > 0) --j;
         if (i > j) break;
         std::swap(a[size_t(i)], a[size_t(j)]);
         ++i;
         --j;
     } while (i <= j);
-    if (lLow < j) QuickSortLocalFolders(a, lLow, j);
-    if (i < lHigh) QuickSortLocalFolders(a, i, lHigh);
+    if (lLow < j) QuickSortLocalFolders(a, lLow, j, cs);
+    if (i < lHigh) QuickSortLocalFolders(a, i, lHigh, cs);
 }
 
 bool SameEntry(const QString& a, const QString& b) {
@@ -41,21 +37,22 @@ int ComboIndexOf(const controls::ComboBox& combo, const QString& entry) {
 
 }  // namespace
 
-QString FrmLocal::CurrentFolder(bool lowerFallback) const {
+QString FrmLocal::CurrentFolder(NoNode fallback, bool lowerParents) const {
     int index = trwPaths->SelectedIndex();
     QString text;
     if (index == 0) {
+        if (fallback == NoNode::Drive) return drvDrive->Drive().left(2) + QStringLiteral("\\");
         index = 1;
         text = trwPaths->Text(1);
-        if (lowerFallback) text = text.toLower();
+        if (fallback == NoNode::FirstNodeLowered) text = text.toLower();
     } else {
-        text = trwPaths->Text(index).trimmed();
+        text = TrimBlanks(trwPaths->Text(index));
     }
     if (index == 1) return text + QStringLiteral("\\");
     QString path = text;
     for (int parent = trwPaths->Parent(index); parent != 0; parent = trwPaths->Parent(parent)) {
-        const QString parentText = trwPaths->Text(parent).trimmed();
-        path = parentText + QStringLiteral("\\") + path;
+        const QString parentText = TrimBlanks(trwPaths->Text(parent));
+        path = (lowerParents ? parentText.toLower() : parentText) + QStringLiteral("\\") + path;
         if (parentText.size() >= 2 && parentText[1] == u':') break;
     }
     return path + QStringLiteral("\\");
@@ -82,27 +79,32 @@ void FrmLocal::ReadDrive(const QString& pDrive) {
 }
 
 void FrmLocal::GetFilestrwPaths(const QString& pPath) {
-    arrLocalFolders.assign(1, tLocalFolder{});
+    ReadFolderNodes(pPath, pPath + QStringLiteral("*.*"), arrLocalFolders, Qt::CaseInsensitive);
+}
+
+void FrmLocal::ReadFolderNodes(const QString& pPath, const QString& search, std::vector<tLocalFolder>& folders,
+                               Qt::CaseSensitivity cs) {
+    folders.assign(1, tLocalFolder{});
     const QString base = pPath.endsWith(u'\\') ? pPath : pPath + QStringLiteral("\\");
     WIN32_FIND_DATA data;
-    const HANDLE hFind = FindFirstFileA(pPath + QStringLiteral("*.*"), data);
+    const HANDLE hFind = FindFirstFileA(search, data);
     if (hFind != 0) {
         do {
             const QString name = data.cFileName;
             if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && name != u"." && name != u"..") {
-                arrLocalFolders.back() = tLocalFolder{name, base + name + QStringLiteral("\\")};
-                arrLocalFolders.emplace_back();
+                folders.back() = tLocalFolder{name, base + name + QStringLiteral("\\")};
+                folders.emplace_back();
             }
         } while (FindNextFileA(hFind, data = WIN32_FIND_DATA{}));
         FindClose(hFind);
     }
-    const int upper = int(arrLocalFolders.size()) - 1;
+    const int upper = int(folders.size()) - 1;
     if (upper <= 0) return;
-    QuickSortLocalFolders(arrLocalFolders, 0, upper - 1);
+    QuickSortLocalFolders(folders, 0, upper - 1, cs);
     // A node read before already has these children: the adds fail.
     for (int i = 0; i < upper; ++i)
-        trwPaths->Add(pPath, controls::tvwChild, arrLocalFolders[size_t(i)].sPath.toLower(),
-                      arrLocalFolders[size_t(i)].sName, kFolderImage, kOpenFolderImage);
+        trwPaths->Add(pPath, controls::tvwChild, folders[size_t(i)].sPath.toLower(), folders[size_t(i)].sName,
+                      kFolderImage, kOpenFolderImage);
 }
 
 void FrmLocal::trwPaths_Expand(int node) {
@@ -151,7 +153,7 @@ void FrmLocal::ChooseStartDrive() {
 }
 
 void FrmLocal::cboLocal_Click() {
-    const QString s = cboLocal->Text().trimmed();
+    const QString s = TrimBlanks(cboLocal->Text());
     QString sKey = s.size() == 3 ? s.left(2).toLower() : s.toLower();
     if (s.size() != 3 && !sKey.endsWith(u'\\')) sKey += u'\\';
     SetMousePointer(vbHourglass);
@@ -191,7 +193,7 @@ void FrmLocal::trwPaths_NodeClick(int node) {
 }
 
 void FrmLocal::lsvDirFile_DblClick() {
-    const QString folder = CurrentFolder(true);
+    const QString folder = CurrentFolder(NoNode::FirstNodeLowered);
     const int row = lsvDirFile->SelectedIndex();
     if (lsvDirFile->SubItem(row, 1).isEmpty()) {
         QString sFolder = folder + lsvDirFile->Text(row);

@@ -1,6 +1,6 @@
 #include "platform/fileio.h"
 
-#include "platform/localfs.h"
+#include "platform/localfs_internal.h"
 
 #include <QFile>
 #include <QSaveFile>
@@ -16,9 +16,9 @@ constexpr int64_t kBuffer = 64 * 1024;
 
 // A regular file opened for reading without blocking; -1 for anything else.
 int OpenRegular(const QString& windowsPath, struct stat& st) {
-    const QString posix = localfs::ToPosix(windowsPath);
+    const QByteArray posix = localfs::detail::PosixBytes(windowsPath);
     if (posix.isEmpty()) return -1;
-    const int fd = ::open(QFile::encodeName(posix).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    const int fd = ::open(posix.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0) return -1;
     if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
         ::close(fd);

@@ -74,7 +74,7 @@ std::map<HANDLE, Listing>& Listings() {
 }
 
 QString BaseName(const QByteArray& posix) {
-    return QFile::decodeName(posix.mid(posix.lastIndexOf('/') + 1));
+    return NameText(posix.mid(posix.lastIndexOf('/') + 1));
 }
 
 }  // namespace
@@ -119,7 +119,7 @@ bool ReadListing(const QString& pathAndPattern, std::vector<WIN32_FIND_DATA>& ou
     while (dirent* e = readdir(dir)) {
         if (IsDots(e->d_name)) continue;
         const QByteArray raw(e->d_name);
-        const QString name = QFile::decodeName(raw);
+        const QString name = NameText(raw);
         if (!everything && !WildcardMatch(name, folded)) continue;
         struct stat st;
         bool dangling = false;
@@ -179,6 +179,42 @@ QString DirLookup(const QString& windowsPath, Kind wanted) {
     return {};
 }
 
+// An entry shows in Dir when the mask holds each of its folder, hidden and
+// system bits; read-only and archive don't matter.
+bool Admitted(uint32_t attributes, int mask) {
+    constexpr uint32_t kGuarded = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    return (attributes & kGuarded & ~uint32_t(mask)) == 0;
+}
+
+QString DirWithMask(const QString& windowsPath, int mask) {
+    qsizetype cut = -1;
+    for (qsizetype i = windowsPath.size() - 1; i >= 0 && cut < 0; --i)
+        if (IsSeparator(windowsPath[i])) cut = i;
+    const bool bareDrive = cut < 0 && windowsPath.size() == 2 && windowsPath[1] == QLatin1Char(':');
+    const QString last = bareDrive ? QString() : windowsPath.mid(cut + 1);
+    const bool listing = last.isEmpty() || last == QLatin1String(".") || last == QLatin1String("..") ||
+                         last.contains(QLatin1Char('*')) || last.contains(QLatin1Char('?'));
+    if (listing) {
+        // A folder path ("c:\dir\", "c:", "") lists the folder's entries.
+        const QString pattern = windowsPath.isEmpty() ? QStringLiteral(".\\*")
+                                : last.isEmpty()      ? windowsPath + QLatin1Char('*')
+                                                      : windowsPath;
+        std::vector<WIN32_FIND_DATA> found;
+        if (!ReadListing(pattern, found)) return {};
+        for (const WIN32_FIND_DATA& f : found)
+            if (Admitted(f.dwFileAttributes, mask)) return f.cFileName;
+        return {};
+    }
+    const Resolved r = Resolve(windowsPath);
+    if (!r.ok || r.driveRoot) return {};
+    const Kind kind = KindOf(r.posix);
+    if (kind == Kind::Missing) return {};
+    const QString name = BaseName(r.posix);
+    uint32_t attributes = kind == Kind::Folder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
+    if (name.startsWith(QLatin1Char('.'))) attributes |= FILE_ATTRIBUTE_HIDDEN;
+    return Admitted(attributes, mask) ? name : QString();
+}
+
 }  // namespace
 
 }  // namespace localfs::detail
@@ -234,6 +270,10 @@ QString DirFolder(const QString& windowsPath) {
 
 QString DirFile(const QString& windowsPath) {
     return Guarded(QString(), [&] { return DirLookup(windowsPath, Kind::File); });
+}
+
+QString Dir(const QString& windowsPath, int attributes) {
+    return Guarded(QString(), [&] { return DirWithMask(windowsPath, attributes); });
 }
 
 }  // namespace localfs

@@ -50,6 +50,11 @@ QByteArray CleanAbsolute(const QByteArray& path);
 // The folders of d:, e:, ... from a mount table.
 std::vector<QByteArray> ExtraRootsFrom(const QByteArray& table);
 
+// The text of a name on disk and back: NameBytes(NameText(b)) == b for any
+// name, so no two names share a text (see localfs_names.cpp).
+QString NameText(const QByteArray& name);
+QByteArray NameBytes(const QString& text);
+
 struct Resolved {
     bool ok = false;
     QByteArray posix;      // absolute, no trailing "/" except the root
@@ -59,10 +64,14 @@ struct Resolved {
 
 // Windows form to a POSIX path, the way Wine looks names up: an exact match
 // first, else a case-insensitive one; once a component is missing the rest
-// keep the case given.
+// keep the case given. Fails for a component holding NUL.
 Resolved Resolve(const QString& windowsPath);
-// The entry of `folder` equal to `name` ignoring case; the first in byte
-// order when several are. Empty when none.
+// The POSIX bytes of a Windows-form path; empty when it can't be resolved.
+QByteArray PosixBytes(const QString& windowsPath);
+// The Windows form of a POSIX path given as bytes.
+QString WindowsOf(const QByteArray& posixPath);
+// The entry of `folder` whose text equals `name` ignoring case; the first in
+// byte order when several do. Empty when none.
 QByteArray FindCaseless(const QByteArray& folder, const QString& name);
 
 enum class Kind { Missing, File, Folder };

@@ -164,17 +164,18 @@ QByteArray CleanAbsolute(const QByteArray& path) {
     return '/' + parts.join('/');
 }
 
-// The entry of `folder` equal to `name` ignoring case; the first in byte
-// order when several are. Empty when none.
+// The entry of `folder` whose text equals `name` ignoring case; the first
+// in byte order when several do. Empty when none.
 QByteArray FindCaseless(const QByteArray& folder, const QString& name) {
     DIR* dir = opendir(folder.constData());
     if (!dir) return {};
+    // A name typed with blanks at its ends means the entry that has them.
+    const QString wanted = NameText(NameBytes(name));
     QByteArray best;
     while (dirent* e = readdir(dir)) {
         if (IsDots(e->d_name)) continue;
         const QByteArray entry(e->d_name);
-        if ((best.isEmpty() || entry < best) &&
-            QFile::decodeName(entry).compare(name, Qt::CaseInsensitive) == 0)
+        if ((best.isEmpty() || entry < best) && NameText(entry).compare(wanted, Qt::CaseInsensitive) == 0)
             best = entry;
     }
     closedir(dir);
@@ -239,7 +240,8 @@ Resolved Resolve(const QString& windowsPath) {
             if (!parts.empty()) parts.pop_back();
             continue;
         }
-        parts.push_back({QFile::encodeName(part), part, false});
+        if (part.contains(QChar(0))) return r;
+        parts.push_back({NameBytes(part), part, false});
     }
 
     QByteArray path = base;
@@ -265,6 +267,32 @@ Resolved Resolve(const QString& windowsPath) {
     return r;
 }
 
+QByteArray PosixBytes(const QString& windowsPath) {
+    const Resolved r = Resolve(windowsPath);
+    return r.ok ? r.posix : QByteArray();
+}
+
+QString WindowsOf(const QByteArray& posixPath) {
+    if (posixPath.isEmpty()) return {};
+    QByteArray path = posixPath;
+    const bool trailing = path.endsWith('/');
+    if (!path.startsWith('/')) path = CurrentDirectory() + '/' + path;
+    path = CleanAbsolute(path);
+    const std::vector<QByteArray> roots = DriveRoots();
+    QByteArray below;
+    const size_t drive = DriveOfPath(roots, path, below);
+    QString out = QLatin1Char(char('c' + drive)) + QStringLiteral(":\\");
+    bool first = true;
+    for (const QByteArray& part : below.split('/')) {
+        if (part.isEmpty()) continue;
+        if (!first) out += QLatin1Char('\\');
+        out += NameText(part);
+        first = false;
+    }
+    if (trailing && !below.isEmpty()) out += QLatin1Char('\\');
+    return out;
+}
+
 }  // namespace localfs::detail
 
 namespace localfs {
@@ -279,20 +307,7 @@ QString ToPosix(const QString& windowsPath) {
 }
 
 QString ToWindows(const QString& posixPath) {
-    return Guarded(QString(), [&]() -> QString {
-        if (posixPath.isEmpty()) return {};
-        QByteArray path = QFile::encodeName(posixPath);
-        const bool trailing = path.endsWith('/');
-        if (!path.startsWith('/')) path = CurrentDirectory() + '/' + path;
-        path = CleanAbsolute(path);
-        const std::vector<QByteArray> roots = DriveRoots();
-        QByteArray below;
-        const size_t drive = DriveOfPath(roots, path, below);
-        QString out = QLatin1Char(char('c' + drive)) + QStringLiteral(":\\") + QFile::decodeName(below);
-        out.replace(QLatin1Char('/'), QLatin1Char('\\'));
-        if (trailing && !below.isEmpty()) out += QLatin1Char('\\');
-        return out;
-    });
+    return Guarded(QString(), [&] { return WindowsOf(QFile::encodeName(posixPath)); });
 }
 
 QString ProgramFolder() {
@@ -344,7 +359,7 @@ bool ChDir(const QString& windowsPath) {
 QString CurDir() {
     return Guarded(QString(), []() -> QString {
         const QByteArray cwd = CurrentDirectory();
-        return cwd.isEmpty() ? QString() : ToWindows(QFile::decodeName(cwd));
+        return cwd.isEmpty() ? QString() : WindowsOf(cwd);
     });
 }
 

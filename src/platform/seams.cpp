@@ -1,6 +1,7 @@
 #include "platform/seams.h"
 
 #include "platform/controls/twips.h"
+#include "platform/desktop_internal.h"
 #include "platform/tempfolder.h"
 
 #include <QApplication>
@@ -8,7 +9,6 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QProcess>
 #include <cstdio>
 #include <cstdlib>
 
@@ -53,27 +53,6 @@ int ShowRealBox(const seams::MessageBoxCall& call) {
     return vbOK;
 }
 
-// Splits like a Windows command line: blanks separate, quotes group.
-QStringList SplitParameters(const QString& s) {
-    QStringList out;
-    QString cur;
-    bool quoted = false, any = false;
-    for (QChar c : s) {
-        if (c == u'"') {
-            quoted = !quoted;
-            any = true;
-        } else if (c == u' ' && !quoted) {
-            if (any) out << cur;
-            cur.clear();
-            any = false;
-        } else {
-            cur += c;
-            any = true;
-        }
-    }
-    if (any) out << cur;
-    return out;
-}
 }  // namespace
 
 int MsgBox(const QString& prompt, int flags, const QString& title) {
@@ -95,7 +74,7 @@ QString InputBox(const QString& prompt, const QString& title, const QString& def
 
 bool StartProgram(const QString& program, const QString& parameters) {
     if (startHandler()) return startHandler()(program, parameters);
-    return QProcess::startDetached(program, SplitParameters(parameters));
+    return desktop::detail::StartDetached(program, parameters);
 }
 
 void EndProgram() {

@@ -24,7 +24,8 @@ int MsgBox(const QString& prompt, int flags = 0, const QString& title = QString(
 constexpr int kBoxUnplaced = -2147483647 - 1;
 QString InputBox(const QString& prompt, const QString& title = QString(),
                  const QString& defaultText = QString(), int xPos = kBoxUnplaced, int yPos = kBoxUnplaced);
-// Starts `program` detached with a parameter string split at blanks.
+// Starts `program` detached with a parameter string split at blanks (see
+// ShellExecuteA in desktop.h for what a program and its pieces may be).
 bool StartProgram(const QString& program, const QString& parameters);
 void ClipboardClear();
 // Ends the process at once, wherever it is called from.

@@ -1,19 +1,15 @@
 #include "platform/shell.h"
 
-#include "platform/localfs.h"
+#include "platform/localfs_internal.h"
 #include "platform/tempfolder_internal.h"
 
 #include <QFile>
-#include <QFileInfo>
+#include <QHash>
 #include <QMimeDatabase>
 #include <QPainter>
 #include <QPixmap>
-// GIO uses "signals" as a name; Qt defines it as a keyword.
-#pragma push_macro("signals")
-#undef signals
-#include <gio/gio.h>
-#pragma pop_macro("signals")
 #include <algorithm>
+#include <sys/stat.h>
 
 namespace {
 
@@ -82,16 +78,20 @@ QMimeType TypeByName(const QString& name) {
     return type;
 }
 
+bool IsFolder(const QByteArray& posix) {
+    struct stat st;
+    return !posix.isEmpty() && ::stat(posix.constData(), &st) == 0 && S_ISDIR(st.st_mode);
+}
+
 // The answer for a path whose POSIX form is known ("" when it names nothing
 // on disk).
-bool FileInfoAt(const QString& posixPath, const QString& path, uint32_t fileAttributes, SHFILEINFO& info,
+bool FileInfoAt(const QByteArray& posixPath, const QString& path, uint32_t fileAttributes, SHFILEINFO& info,
                 uint32_t flags) {
     info = SHFILEINFO{};
     if (path.isEmpty()) return false;
     shell::EnsureIconTheme();
     static const QMimeDatabase db;
-    const bool folder =
-        (fileAttributes & kFolderAttribute) || (!posixPath.isEmpty() && QFileInfo(posixPath).isDir());
+    const bool folder = (fileAttributes & kFolderAttribute) || IsFolder(posixPath);
     const QString name = FileName(path);
     const QMimeType type = folder ? db.mimeTypeForName(QStringLiteral("inode/directory")) : TypeByName(name);
     info.szDisplayName = name;
@@ -109,8 +109,8 @@ bool SHGetFileInfoA(const QString& path, uint32_t fileAttributes, SHFILEINFO& in
     if (path.isEmpty()) return false;
     // Resolving the Windows form is the dearest part of the call; a dummy of
     // the held temporary folder has its POSIX form at hand.
-    QString posix = tempfolder::detail::HeldPosix(path);
-    if (posix.isEmpty()) posix = localfs::ToPosix(path);
+    QByteArray posix = tempfolder::detail::HeldPosix(path);
+    if (posix.isEmpty()) posix = localfs::detail::PosixBytes(path);
     return FileInfoAt(posix, path, fileAttributes, info, flags);
 }
 
@@ -132,28 +132,7 @@ int ShellTypeLookups() {
     return gTypeLookups;
 }
 
-QString FindExecutableA(const QString& file) {
-    const QString name = FileName(file);
-    if (name.isEmpty()) return {};
-    const QByteArray bytes = QFile::encodeName(name);
-    gboolean uncertain = FALSE;
-    gchar* type = g_content_type_guess(bytes.constData(), nullptr, 0, &uncertain);
-    if (!type) return {};
-    GAppInfo* app = g_app_info_get_default_for_type(type, FALSE);
-    g_free(type);
-    if (!app) return {};
-    QString result;
-    if (const char* exe = g_app_info_get_executable(app); exe && *exe) {
-        gchar* full = g_find_program_in_path(exe);
-        if (full) result = QFile::decodeName(full);
-        g_free(full);
-    }
-    g_object_unref(app);
-    return result;
-}
-
 namespace shell {
-
 
 void EnsureIconTheme() {
     static bool done = false;

@@ -21,8 +21,10 @@ struct SHFILEINFO {
 // bundled fallbacks. An empty path gives an empty type and no icon.
 bool SHGetFileInfoA(const QString& path, uint32_t fileAttributes, SHFILEINFO& info, uint32_t flags);
 
-// The executable of the default application for the file's type; "" when
-// there is none.
+// The executable of the default application for the file's type (by its
+// name), as a Windows-form path; "" when there is none or it isn't on the
+// PATH. A file that is a program itself (executable, starting with "#!" or
+// an ELF header) gives itself, as given.
 QString FindExecutableA(const QString& file);
 
 // The shell's type text of a path (SHGFI_TYPENAME), cut at its first NUL.

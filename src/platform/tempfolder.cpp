@@ -10,7 +10,7 @@
 // which died left behind goes at the next start.
 #include "platform/tempfolder.h"
 
-#include "platform/localfs.h"
+#include "platform/localfs_internal.h"
 #include "platform/tempfolder_internal.h"
 
 #include <QDir>
@@ -59,11 +59,13 @@ QByteArray FindCaseless(int dir, const QString& name) {
         return {};
     }
     ::rewinddir(d);
+    const QString wanted = localfs::detail::NameText(localfs::detail::NameBytes(name));
     QByteArray best;
     while (const dirent* e = ::readdir(d)) {
         const QByteArray entry(e->d_name);
         if (entry == "." || entry == "..") continue;
-        if ((best.isEmpty() || entry < best) && QFile::decodeName(entry).compare(name, Qt::CaseInsensitive) == 0)
+        if ((best.isEmpty() || entry < best) &&
+            localfs::detail::NameText(entry).compare(wanted, Qt::CaseInsensitive) == 0)
             best = entry;
     }
     ::closedir(d);
@@ -114,7 +116,7 @@ bool StillSafe(const Held& folder) {
 // taken already (the spare's own too) makes the link fail and falls to the
 // plain open, which keeps the file.
 bool TryCreate(const Held& folder, const QString& fileName) {
-    const QByteArray name = QFile::encodeName(fileName);
+    const QByteArray name = localfs::detail::NameBytes(fileName);
     struct stat st;
     QByteArray existing;
     if (::fstatat(folder.dir, name.constData(), &st, AT_SYMLINK_NOFOLLOW) != 0)
@@ -232,7 +234,7 @@ void RemoveDummy(const QString& windowsPath) {
             localfs::Kill(windowsPath);
             return;
         }
-        if (::unlinkat(gHeld.dir, QFile::encodeName(name).constData(), 0) == 0 || errno != ENOENT) return;
+        if (::unlinkat(gHeld.dir, localfs::detail::NameBytes(name).constData(), 0) == 0 || errno != ENOENT) return;
         const QByteArray other = FindCaseless(gHeld.dir, name);
         if (!other.isEmpty()) ::unlinkat(gHeld.dir, other.constData(), 0);
     } catch (...) {
@@ -271,9 +273,9 @@ void RemoveStale() {
 
 namespace tempfolder::detail {
 
-QString HeldPosix(const QString& windowsPath) {
+QByteArray HeldPosix(const QString& windowsPath) {
     const QString name = HeldName(windowsPath);
-    return name.isEmpty() ? QString() : gHeld.posix + u'/' + name;
+    return name.isEmpty() ? QByteArray() : QFile::encodeName(gHeld.posix) + '/' + localfs::detail::NameBytes(name);
 }
 
 }  // namespace tempfolder::detail

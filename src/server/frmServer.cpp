@@ -35,7 +35,7 @@ FrmServer::FrmServer() {
     lsvServer->onKeyDown = [this](int& keyCode, int shift) { lsvServer_KeyDown(keyCode, shift); };
     // Delete in the list deletes on the server, whatever the frame's
     // shortcut for it does elsewhere.
-    lsvServer->ownKeys = {controls::vbKeyDelete};
+    lsvServer->SetKeysBeforeShortcuts({controls::vbKeyDelete});
     tlbServerLinks->onButtonClick = [this](const QString& key) { tlbServerLinks_ButtonClick(key); };
     tlbServerRechts->onButtonClick = [this](const QString& key) { tlbServerRechts_ButtonClick(key); };
 }

@@ -1,7 +1,9 @@
 #include "shared/mPublic.h"
 
 #include "language/frmTransferHistory.h"
+#include "platform/controls/twips.h"
 #include "platform/localfs.h"
+#include "platform/shell.h"
 #include "platform/wininet.h"
 
 #include <QApplication>
@@ -28,6 +30,40 @@ void AppendLogLine(uint32_t lColour, const QString& sText) {
     log.SetSelColor(lColour);
     log.SetSelText(sText + vbCrLf);
     log.SetSelColor(0);
+}
+
+void AppendLogText(const QString& sText) {
+    MoveLogCaretToEnd();
+    auto& log = *frmTransferHistory().rtfTransferHistory;
+    log.SetSelText(sText + vbCrLf);
+    log.SetSelColor(0);
+}
+
+QString TrimBlanks(const QString& s) {
+    qsizetype from = 0, to = s.size();
+    while (from < to && s[from] == u' ') ++from;
+    while (to > from && s[to - 1] == u' ') --to;
+    return s.mid(from, to - from);
+}
+
+QString UCase(const QString& s) {
+    QString out;
+    out.reserve(s.size());
+    for (const char32_t c : s.toUcs4()) {
+        const char32_t upper[1] = {QChar::toUpper(c)};
+        out += QString::fromUcs4(upper, 1);
+    }
+    return out;
+}
+
+QString FindAssociatedProgram(const QString& sFile) {
+    // The buffer of 256 characters, cut at its first NUL.
+    QString sResult = FindExecutableA(sFile).left(256);
+    const qsizetype nul = sResult.indexOf(QChar(0));
+    if (nul >= 0) sResult = sResult.left(nul);
+    // A program file is its own program: it has none.
+    if (UCase(sResult) == UCase(sFile)) sResult.clear();
+    return sResult;
 }
 
 QString GetServerDirectory() {

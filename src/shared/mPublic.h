@@ -18,9 +18,11 @@ extern uint32_t lTransferMode;  // 1 ASCII, 2 binary
 // separator, in Windows form ("c:\opt\ferrydock").
 QString AppPath();
 
-// Log writing: caret to the end; one line in a colour.
+// Log writing: caret to the end; one line in a colour; one line in the
+// colour that stands at the end, black again after it.
 void MoveLogCaretToEnd();
 void AppendLogLine(uint32_t lColour, const QString& sText);
+void AppendLogText(const QString& sText);
 
 constexpr uint32_t kBlack = RGB(0, 0, 0);
 constexpr uint32_t kGreen = RGB(0, 200, 0);
@@ -53,6 +55,15 @@ QString ReplaceInString(QString& sText, const QString& sFind, const QString& sRe
 // "&H" hexadecimal or "&O" octal; nothing for letters, empty text or values
 // outside -32768..32767.
 std::optional<int16_t> PortToInteger(const QString& sPort);
+
+// Trim: blanks only; tabs and line ends stay.
+QString TrimBlanks(const QString& s);
+// UCase: each character to its upper case, one for one ("ß" stays).
+QString UCase(const QString& s);
+
+// The program the desktop associates with a file, as a Windows-form path;
+// "" when there is none, or when the file is a program itself.
+QString FindAssociatedProgram(const QString& sFile);
 
 // One turn of the event loop.
 void DoEvents();

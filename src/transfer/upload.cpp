@@ -33,13 +33,6 @@ bool Fail() {
 
 }  // namespace
 
-QString TrimBlanks(const QString& s) {
-    qsizetype from = 0, to = s.size();
-    while (from < to && s[from] == u' ') ++from;
-    while (to > from && s[to - 1] == u' ') --to;
-    return s.mid(from, to - from);
-}
-
 bool IsAsciiFile(const QString& pFileName) {
     QStringList entries;
     if (!ReadAsciiDat(entries)) {

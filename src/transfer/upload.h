@@ -9,9 +9,6 @@
 // failure, and a nested upload overwrites it.
 extern HINTERNET hUploadFile;
 
-// Trim: blanks only; tabs and line ends stay.
-QString TrimBlanks(const QString& s);
-
 // True when "." and an entry of ascii.dat occur anywhere in the name,
 // ignoring case (TXT matches a.txt, a.txt.bak and a.txtold). Reads the list
 // afresh; without a readable list a name with a point is true.

@@ -6,6 +6,7 @@
 #include "language/frmTransferHistory.h"
 #include "language/mDataBase.h"
 #include "local/frmLocal.h"
+#include "local/frmPopUpfrmLocal.h"
 #include "platform/localfs.h"
 #include "platform/wininet.h"
 #include "server/frmServer.h"
@@ -30,6 +31,7 @@ void FrameTest::SetUp() {
     seams::SetInputBoxHandler([this](const seams::InputBoxCall& call) {
         inputPrompts.push_back(call.prompt);
         inputBoxes.push_back(call);
+        inputDefaults.push_back(call.defaultText);
         if (inputAnswers.empty()) return QString();
         QString a = inputAnswers.front();
         inputAnswers.pop_front();
@@ -68,6 +70,7 @@ void FrameTest::StartFrame() {
 
 void FrameTest::UnloadAll() {
     // Children before the frame, as the frame's own unload does.
+    frmPopUpfrmLocal.Unload();
     frmLocal.Unload();
     frmServer.Unload();
     frmTransferHistory.Unload();

@@ -59,6 +59,7 @@ protected:
     std::deque<QString> inputAnswers;          // input boxes; "" when empty
     std::vector<QString> inputPrompts;
     std::vector<seams::InputBoxCall> inputBoxes;  // every input box asked, in order
+    std::vector<QString> inputDefaults;
     std::vector<std::pair<QString, QString>> started;  // program, parameters
     int endCalls = 0;
 };

@@ -286,6 +286,23 @@ void ListView::SetView(int view) {
     setCurrentWidget(iconView_);
 }
 
+QPoint ListView::MapToGlobal(int xTwips, int yTwips) const {
+    return ViewArea()->mapToGlobal(QPoint(ToPixels(xTwips), ToPixels(yTwips)));
+}
+
+QWidget* ListView::ViewArea() const {
+    const auto* view = qobject_cast<const QAbstractItemView*>(currentWidget());
+    return view ? view->viewport() : currentWidget();
+}
+
+QRect ListView::RowRect(int index) {
+    auto* view = qobject_cast<QAbstractItemView*>(currentWidget());
+    if (!view || index < 1 || index > Count()) return {};
+    const QModelIndex idx = model_->index(index - 1, 0);
+    view->scrollTo(idx);
+    return view->visualRect(idx);
+}
+
 void ListView::DoubleClickRow(int index) {
     if (index >= 1 && index <= Count()) {
         reportView_->selectionModel()->clearSelection();
@@ -299,7 +316,7 @@ bool ListView::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::ShortcutOverride:
         if (onKeyDown && (watched == iconView_ || watched == reportView_)) {
             auto* ke = static_cast<QKeyEvent*>(event);
-            if ((ke->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && ownKeys.contains(KeyCodeOf(ke))) {
+            if ((ke->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && ownKeys_.contains(KeyCodeOf(ke))) {
                 event->accept();
                 return true;
             }

@@ -10,7 +10,6 @@
 
 #include <QHash>
 #include <QPointer>
-#include <QSet>
 #include <QStackedWidget>
 #include <functional>
 #include <utility>
@@ -70,15 +69,24 @@ public:
     int View() const { return view_; }
     void SetView(int view);
 
+    // A point given in twips from the shown view's top left (as the mouse
+    // events report it) on the screen.
+    QPoint MapToGlobal(int xTwips, int yTwips) const;
+    // Where the user points and clicks: the shown view's area, and a row's
+    // place in it (scrolled into view first; empty for no row).
+    QWidget* ViewArea() const;
+    QRect RowRect(int index);
+
     // Simulated user actions for tests and the keyboard.
     void DoubleClickRow(int index);
 
+    // Keys (codes, pressed without shift, ctrl or alt) that reach onKeyDown
+    // while the list has the focus even where a window's menu has them as
+    // shortcuts; elsewhere the shortcuts stand.
+    void SetKeysBeforeShortcuts(QList<int> keyCodes) { ownKeys_ = std::move(keyCodes); }
+
     std::function<void()> onDblClick;
     std::function<void(int& keyCode, int shift)> onKeyDown;
-    // Key codes that, pressed without Shift, Ctrl or Alt, go to onKeyDown
-    // even where a shortcut of the window has them: while the list has the
-    // focus its own keys win.
-    QSet<int> ownKeys;
     std::function<void(int button, int shift, int x, int y)> onMouseDown;
     std::function<void(int button, int shift, int x, int y)> onMouseUp;
 
@@ -100,6 +108,7 @@ private:
     int headers_ = 0;
     bool bulk_ = false;
     int refreshes_ = 0;
+    QList<int> ownKeys_;
 };
 
 }  // namespace controls

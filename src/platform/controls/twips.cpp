@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+#include <cmath>
 
 int ScreenWidth() {
     const QScreen* screen = QGuiApplication::primaryScreen();
@@ -12,6 +13,10 @@ int ScreenWidth() {
 int ScreenHeight() {
     const QScreen* screen = QGuiApplication::primaryScreen();
     return screen ? ToTwips(screen->geometry().height()) : 0;
+}
+
+int HalfTwips(int twips) {
+    return static_cast<int>(std::nearbyint(twips / 2.0));
 }
 
 namespace controls {

@@ -12,6 +12,9 @@ constexpr int ToTwips(int pixels) { return pixels * kTwipsPerPixel; }
 // without a screen.
 int ScreenWidth();
 int ScreenHeight();
+// Half a length in twips, converted to an integer the way the program's
+// integer conversions round (halves to even).
+int HalfTwips(int twips);
 
 namespace controls {
 
